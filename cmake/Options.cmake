@@ -1,0 +1,15 @@
+# What every target of this project is compiled with.
+add_library(orvale_options INTERFACE)
+target_compile_options(orvale_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+    -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wformat)
+if(ORVALE_WERROR)
+    target_compile_options(orvale_options INTERFACE -Werror)
+endif()
+if(ORVALE_SANITIZE)
+    target_compile_options(orvale_options INTERFACE -fsanitize=${ORVALE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(orvale_options INTERFACE -fsanitize=${ORVALE_SANITIZE})
+endif()
+if(ORVALE_COVERAGE)
+    target_compile_options(orvale_options INTERFACE --coverage -fprofile-update=atomic)
+    target_link_options(orvale_options INTERFACE --coverage)
+endif()

@@ -1,0 +1,83 @@
+#include "frame/Log.h"
+
+#include <bit>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "platform/DebugOutput.h"
+#include "platform/File.h"
+#include "platform/ModulePath.h"
+#include "platform/Registry.h"
+#include "platform/Text.h"
+
+namespace orvale {
+namespace {
+
+std::uint32_t logSwitch = 0;
+std::u16string logPath;
+
+void AppendToLogFile(std::u16string_view text) {
+    CFile file;
+    if (file.Open(logPath.c_str(), CFile::kModeCreate | CFile::kModeNoTruncate | CFile::kModeReadWrite, nullptr) == 0)
+        return;
+    const CFile::Gathering gathering(file);
+    if (file.GetLength() == 0) WriteUnits(file, u"\xFEFF");
+    file.HandOver();
+    file.Seek(0, CFile::kEnd);
+    WriteUnits(file, text);
+    file.Close();
+}
+
+}  // namespace
+
+void LogInit(const std::u16string_view* moduleName, const std::int32_t* isLibrary, const std::uint32_t* defaultSwitch) {
+    if (moduleName == nullptr || isLibrary == nullptr || defaultSwitch == nullptr) return;
+    logSwitch = *defaultSwitch;
+    try {
+        const std::u16string shortName = *isLibrary != 0 ? Format(u"%s.so", *moduleName) : std::u16string(*moduleName);
+        const std::u16string path = FromUtf8(ModulePath());
+        if (path.empty() || path.substr(path.rfind(u'/') + 1) != shortName) return;
+        const auto value = ReadRegistryNumber(kLogRegistryKey, path);
+        if (!value) return;
+        std::u16string beside = path;
+        if (const std::size_t dot = path.rfind(u'.'); dot != std::u16string::npos)
+            beside = path.substr(0, dot) + u".log";
+        logPath = Trim(beside);
+        logSwitch = *value;
+    } catch (...) {  // a log that can't be set up is a log that is off
+        logSwitch = *defaultSwitch;
+    }
+}
+
+bool LogEnabled() {
+    return logSwitch != 0;
+}
+
+void LogText(std::u16string_view text) noexcept {
+    if (logSwitch == 0 || text.empty()) return;
+    if ((logSwitch & kLogToDebugger) != 0) WriteDebugOutput(text);
+    if ((logSwitch & kLogToFile) == 0) return;
+    try {
+        AppendToLogFile(text);
+    } catch (...) {  // a failed log never disturbs the caller
+    }
+}
+
+void WriteUnits(CFile& file, std::u16string_view text) {
+    if constexpr (std::endian::native == std::endian::little) {
+        // Whole in one write while the count fits its 32 bits; the rest of a text beyond all measure follows.
+        constexpr std::size_t kMost = std::numeric_limits<std::uint32_t>::max() / sizeof(char16_t);
+        for (; !text.empty(); text.remove_prefix(std::min(text.size(), kMost))) {
+            const std::size_t units = std::min(text.size(), kMost);
+            file.CFile::Write(text.data(), static_cast<std::uint32_t>(units * sizeof(char16_t)));
+        }
+    } else {
+        for (const char16_t unit : text) {
+            const char bytes[] = {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
+            file.CFile::Write(bytes, sizeof bytes);
+        }
+    }
+}
+
+}  // namespace orvale

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstdint>
+#include <stdexcept>
+#include <string_view>
+
+#include "frame/FileObject.h"
+#include "frame/Log.h"
+
+namespace orvale {
+
+/// What ends an operation in its failure result.
+struct OperationFailure : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// Fails the operation under way unless a condition holds.
+inline void Require(bool condition, const char* what = "the operation fails") {
+    if (!condition) throw OperationFailure(what);
+}
+
+/// The guard at the head of an operation of a format class: it gathers what the operation writes, hands it over before
+/// success is told, turns every exception into the failure result, and writes the operation's lines to the log, each of
+/// which is the head (such as "ORVALE - CQZSFile::Read"), " : " and a word. Which lines an operation has is its own.
+class Operation {
+ public:
+    enum Lines : unsigned { kBegin = 1, kSucceeded = 2, kFailed = 4, kFinish = 8, kAll = 15 };
+
+    Operation(CFileObject& file, std::u16string_view head, unsigned lines = kAll) noexcept
+        : file_(file), head_(head), lines_(lines), gathering_(file) {
+        Line(kBegin, u"Begin");
+    }
+    ~Operation() { Line(kFinish, u"Finish"); }
+    Operation(const Operation&) = delete;
+    Operation& operator=(const Operation&) = delete;
+
+    /// Runs the operation's body: 1, or 0 if it threw or what it wrote could not be handed over.
+    template <class Body>
+    std::int32_t Run(Body&& body) noexcept {
+        try {
+            body();
+            file_.HandOver();
+        } catch (...) {
+            Line(kFailed, u"Failed");
+            return 0;
+        }
+        Line(kSucceeded, u"Succeeded");
+        return 1;
+    }
+
+    /// A line of this operation beside the usual ones.
+    void Tell(std::u16string_view word) const noexcept { LogFormat(u"%s : %s\r\n", head_, word); }
+
+    /// From here on the operation writes no line.
+    void Silence() noexcept { lines_ = 0; }
+
+ private:
+    void Line(Lines line, std::u16string_view word) const noexcept {
+        if ((lines_ & line) != 0) Tell(word);
+    }
+
+    CFileObject& file_;
+    std::u16string_view head_;
+    unsigned lines_;
+    CFile::Gathering gathering_;
+};
+
+}  // namespace orvale

@@ -1,0 +1,28 @@
+#include "module/FileTypes.h"
+
+#include "native/QZSFile.h"
+#include "text/VCardFile.h"
+
+namespace orvale {
+namespace {
+
+template <class File>
+std::unique_ptr<CFileInterface> Create() {
+    return std::make_unique<File>();
+}
+
+// The table of formats: a new one is a row here.
+constexpr FileTypeRow kFileTypes[] = {
+    {0, u"QZSFile", &Create<CQZSFile>},
+    {3, u"vCardFile", &Create<CVCardFile>},
+};
+
+}  // namespace
+
+const FileTypeRow* FindFileType(FileType type) {
+    for (const FileTypeRow& row : kFileTypes)
+        if (row.type == type) return &row;
+    return nullptr;
+}
+
+}  // namespace orvale

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace orvale {
+
+/// An 8-bit code page: a row of the table of those that are known. All of them hold ASCII at its own places.
+struct CodePage {
+    std::int32_t number;     ///< as Windows counts them, for instance 1252
+    const char* iconvName;   ///< the name that iconv knows it by
+    const char* localeName;  ///< what a locale calls it, where that is another name; else null
+
+    /// Whether a byte opens a character of two bytes: in the pages 932, 936, 949 and 950 alone.
+    bool IsLeadByte(unsigned char byte) const;
+};
+
+/// The row of a number, or null.
+const CodePage* FindCodePage(std::int32_t number);
+
+/// The code page of 8-bit text: `ORVALE_CODEPAGE` in the environment (a number of the table) if that is set and known,
+/// else the codeset of the thread's locale; the C locale and an unknown codeset mean UTF-8. Decided at the first call
+/// and the same from then on; threads that race on the first call get the same page.
+const CodePage& ThreadCodePage();
+
+/// Converts between 16-bit and 8-bit text. Opening a conversion costs several times one that is kept open, so a file
+/// object keeps one of these; it belongs to one thread at a time.
+class TextConverter {
+ public:
+    explicit TextConverter(const CodePage& page = ThreadCodePage()) : page_(page) {}
+    ~TextConverter();
+    TextConverter(const TextConverter&) = delete;
+    TextConverter& operator=(const TextConverter&) = delete;
+
+    const CodePage& Page() const { return page_; }
+
+    /// Both convert up to the first zero unit or byte. A character that the page lacks becomes "?"; a byte that is no
+    /// character of the page becomes U+FFFD. Throws std::system_error where the system lacks the conversion.
+    std::string ToNarrow(std::u16string_view text);
+    std::u16string ToWide(std::string_view bytes);
+
+    /// How many "?" and U+FFFD were put in so far.
+    std::size_t Replaced() const { return replaced_; }
+
+ private:
+    class Direction {
+     public:
+        ~Direction();
+        void* Handle(const char* to, const char* from);
+
+     private:
+        void* handle_ = nullptr;
+    };
+
+    const CodePage& page_;
+    Direction narrow_;
+    Direction wide_;
+    std::size_t replaced_ = 0;
+};
+
+/// One conversion by the thread's code page, for where no converter is at hand.
+std::string ToNarrow(std::u16string_view text);
+std::u16string ToWide(std::string_view bytes);
+
+}  // namespace orvale

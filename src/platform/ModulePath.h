@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace orvale {
+
+/// The absolute path, in UTF-8, of the module (the library or the program) that this code was linked into, as the
+/// loader has it; empty where the loader doesn't tell.
+std::string ModulePath();
+
+}  // namespace orvale

@@ -1,0 +1,164 @@
+#include "platform/Registry.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <vector>
+
+#include "platform/File.h"
+#include "platform/Text.h"
+
+namespace orvale {
+namespace {
+
+// More than any hand or program writes here; what is larger is no registry file.
+constexpr std::uint64_t kLargest = 1024 * 1024;
+
+std::vector<std::u16string> ReadLines(const std::string& path) {
+    std::vector<std::u16string> lines;
+    CFile file;
+    if (file.Open(FromUtf8(path).c_str(), CFile::kModeRead, nullptr) == 0) return lines;
+    const std::uint64_t length = file.GetLength();
+    if (length > kLargest) return lines;
+    std::string bytes(length, '\0');
+    bytes.resize(file.Read(bytes.data(), static_cast<std::uint32_t>(bytes.size())));
+    std::u16string text = FromUtf8(bytes);
+    if (!text.empty() && text.front() == 0xFEFF) text.erase(0, 1);
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min(text.find(u'\n', start), text.size());
+        lines.emplace_back(Trim(std::u16string_view(text).substr(start, end - start)));
+        start = end + 1;
+    }
+    return lines;
+}
+
+bool IsKeyLine(std::u16string_view line) {
+    return line.size() >= 2 && line.front() == u'[' && line.back() == u']';
+}
+
+bool IsLineOfKey(std::u16string_view line, std::u16string_view key) {
+    return IsKeyLine(line) && EqualsNoCase(line.substr(1, line.size() - 2), key);
+}
+
+// The data behind `"name"=` of a value line; none if the line holds another value or none.
+std::optional<std::u16string_view> DataOfValue(std::u16string_view line, std::u16string_view valueName) {
+    if (line.empty() || line.front() != u'"') return std::nullopt;
+    std::u16string name;
+    std::size_t i = 1;
+    for (; i < line.size() && line[i] != u'"'; ++i) {
+        if (line[i] == u'\\' && i + 1 < line.size()) ++i;
+        name.push_back(line[i]);
+    }
+    if (i >= line.size() || !EqualsNoCase(name, valueName)) return std::nullopt;
+    const std::u16string_view rest = Trim(line.substr(i + 1));
+    if (rest.empty() || rest.front() != u'=') return std::nullopt;
+    return Trim(rest.substr(1));
+}
+
+int HexDigit(char16_t unit) {
+    if (unit >= u'0' && unit <= u'9') return unit - u'0';
+    const char16_t lower = ToLower(unit);
+    return lower >= u'a' && lower <= u'f' ? lower - u'a' + 10 : -1;
+}
+
+std::optional<std::uint32_t> HexNumber(std::u16string_view digits, std::size_t most) {
+    if (digits.empty() || digits.size() > most) return std::nullopt;
+    std::uint32_t number = 0;
+    for (const char16_t unit : digits) {
+        if (HexDigit(unit) < 0) return std::nullopt;
+        number = number << 4 | static_cast<std::uint32_t>(HexDigit(unit));
+    }
+    return number;
+}
+
+std::optional<std::uint32_t> ParseNumber(std::u16string_view data) {
+    const std::size_t colon = data.find(u':');
+    if (colon == std::u16string_view::npos) return std::nullopt;
+    const std::u16string_view type = data.substr(0, colon);
+    std::u16string_view rest = Trim(data.substr(colon + 1));
+    if (EqualsNoCase(type, u"dword")) return HexNumber(rest, 8);
+    // hex: and hex(type): four bytes, the lowest first.
+    if (!EqualsNoCase(type.substr(0, 3), u"hex")) return std::nullopt;
+    std::uint32_t number = 0;
+    for (unsigned shift = 0; shift < 32; shift += 8) {
+        const std::size_t comma = std::min(rest.find(u','), rest.size());
+        const std::optional<std::uint32_t> byte = HexNumber(Trim(rest.substr(0, comma)), 2);
+        if (!byte || (comma == rest.size()) != (shift == 24)) return std::nullopt;
+        number |= *byte << shift;
+        rest.remove_prefix(std::min(comma + 1, rest.size()));
+    }
+    return number;
+}
+
+std::string Environment(const char* name) {
+    const char* const value = std::getenv(name);
+    return value != nullptr ? value : "";
+}
+
+}  // namespace
+
+std::string RegistryPath() {
+    if (const std::string path = Environment("ORVALE_REGISTRY"); !path.empty()) return path;
+    if (const std::string folder = Environment("XDG_CONFIG_HOME"); !folder.empty()) return folder + "/orvale/user.reg";
+    if (const std::string home = Environment("HOME"); !home.empty()) return home + "/.config/orvale/user.reg";
+    return {};
+}
+
+std::optional<std::uint32_t> ReadRegistryNumber(std::u16string_view key, std::u16string_view valueName) {
+    try {
+        bool inKey = false;
+        for (const std::u16string& line : ReadLines(RegistryPath())) {
+            if (IsKeyLine(line)) inKey = IsLineOfKey(line, key);
+            if (!inKey) continue;
+            if (const auto data = DataOfValue(line, valueName)) return ParseNumber(*data);
+        }
+    } catch (const std::exception&) {  // what can't be read counts as none
+    }
+    return std::nullopt;
+}
+
+void WriteRegistryNumber(std::u16string_view key, std::u16string_view valueName, std::uint32_t number) {
+    const std::filesystem::path path = RegistryPath();
+    std::vector<std::u16string> lines = ReadLines(path.string());
+    std::u16string line = u"\"";
+    line += Replace(Replace(valueName, u"\\", u"\\\\"), u"\"", u"\\\"");
+    line += u"\"=dword:";
+    for (int shift = 28; shift >= 0; shift -= 4)
+        line += u"0123456789abcdef"[number >> shift & 15];
+
+    std::size_t place = lines.size();
+    bool inKey = false;
+    bool replaced = false;
+    for (std::size_t i = 0; i < lines.size() && !replaced; ++i) {
+        if (IsKeyLine(lines[i])) inKey = IsLineOfKey(lines[i], key);
+        if (!inKey) continue;
+        if (!lines[i].empty()) place = i + 1;
+        replaced = DataOfValue(lines[i], valueName).has_value();
+        if (replaced) lines[i] = line;
+    }
+    if (!replaced) {
+        if (place == lines.size() && !inKey) {
+            if (lines.empty()) lines.emplace_back(u"Windows Registry Editor Version 5.00");
+            lines.emplace_back();
+            lines.push_back(u"[" + std::u16string(key) + u"]");
+            place = lines.size();
+        }
+        lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(place), line);
+    }
+
+    // Beside the file and renamed over it, so that a full disk leaves the old one.
+    std::filesystem::create_directories(path.parent_path());
+    const std::filesystem::path beside = path.string() + ".new";
+    std::ofstream out(beside, std::ios::binary | std::ios::trunc);
+    for (const std::u16string& each : lines)
+        out << ToUtf8(each) << "\r\n";
+    out.close();
+    if (!out) {
+        std::error_code ignored;
+        std::filesystem::remove(beside, ignored);
+        throw std::system_error(std::make_error_code(std::errc::io_error), beside.string());
+    }
+    std::filesystem::rename(beside, path);
+}
+
+}  // namespace orvale

@@ -1,0 +1,154 @@
+#include "platform/Text.h"
+
+#include <langinfo.h>
+#include <locale.h>
+#include <wctype.h>
+
+#include <algorithm>
+
+namespace orvale {
+namespace {
+
+// Building a locale object costs more than reading a hundred records, so there is one, made at first need.
+locale_t UnicodeLocale() {
+    static const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    return locale;
+}
+
+constexpr char16_t kReplacement = 0xFFFD;
+
+constexpr bool IsHighHalf(char16_t unit) {
+    return unit >= 0xD800 && unit < 0xDC00;
+}
+constexpr bool IsLowHalf(char16_t unit) {
+    return unit >= 0xDC00 && unit < 0xE000;
+}
+
+void AppendUtf8(std::string& out, char32_t code) {
+    if (code < 0x80) {
+        out.push_back(static_cast<char>(code));
+        return;
+    }
+    const int following = code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
+    constexpr unsigned char kLead[] = {0, 0xC0, 0xE0, 0xF0};
+    out.push_back(static_cast<char>(kLead[following] | code >> 6 * following));
+    for (int i = following - 1; i >= 0; --i)
+        out.push_back(static_cast<char>(0x80 | (code >> 6 * i & 0x3F)));
+}
+
+}  // namespace
+
+bool IsSpace(char16_t unit) {
+    if (unit < 0x80) return unit == u' ' || (unit >= u'\t' && unit <= u'\r');
+    const locale_t locale = UnicodeLocale();
+    return locale != nullptr && iswspace_l(unit, locale) != 0;
+}
+
+char16_t ToLower(char16_t unit) {
+    if (unit < 0x80) return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
+    const locale_t locale = UnicodeLocale();
+    return locale != nullptr ? static_cast<char16_t>(towlower_l(unit, locale)) : unit;
+}
+
+std::u16string_view Trim(std::u16string_view text) {
+    while (!text.empty() && IsSpace(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && IsSpace(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+bool EqualsNoCase(std::u16string_view a, std::u16string_view b) {
+    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char16_t x, char16_t y) {
+               return x == y || ToLower(x) == ToLower(y);
+           });
+}
+
+bool EndsWithNoCase(std::u16string_view text, std::u16string_view suffix) {
+    return text.size() >= suffix.size() && EqualsNoCase(text.substr(text.size() - suffix.size()), suffix);
+}
+
+std::u16string Replace(std::u16string_view text, std::u16string_view from, std::u16string_view to) {
+    std::u16string result;
+    result.reserve(text.size());
+    for (std::size_t start = 0;;) {
+        const std::size_t found = text.find(from, start);
+        if (found == std::u16string_view::npos) return result.append(text.substr(start));
+        result.append(text.substr(start, found - start)).append(to);
+        start = found + from.size();
+    }
+}
+
+std::int32_t ToNumber(std::u16string_view text) {
+    while (!text.empty() && IsSpace(text.front()))
+        text.remove_prefix(1);
+    const bool negative = !text.empty() && text.front() == u'-';
+    if (negative || (!text.empty() && text.front() == u'+')) text.remove_prefix(1);
+    std::uint32_t number = 0;
+    for (; !text.empty() && text.front() >= u'0' && text.front() <= u'9'; text.remove_prefix(1))
+        number = number * 10 + (text.front() - u'0');
+    return static_cast<std::int32_t>(negative ? 0 - number : number);
+}
+
+std::string ToUtf8(std::u16string_view text, std::size_t* replaced) {
+    std::string out;
+    out.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char16_t unit = text[i];
+        if (IsHighHalf(unit) && i + 1 < text.size() && IsLowHalf(text[i + 1])) {
+            AppendUtf8(out, 0x10000 + ((unit - 0xD800U) << 10) + (text[++i] - 0xDC00U));
+        } else if (IsHighHalf(unit) || IsLowHalf(unit)) {
+            AppendUtf8(out, kReplacement);
+            if (replaced != nullptr) ++*replaced;
+        } else {
+            AppendUtf8(out, unit);
+        }
+    }
+    return out;
+}
+
+std::u16string FromUtf8(std::string_view bytes) {
+    std::u16string out;
+    out.reserve(bytes.size());
+    const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
+    for (std::size_t i = 0; i < bytes.size();) {
+        const unsigned char lead = byteAt(i);
+        const std::size_t length = lead < 0x80   ? 1
+                                   : lead < 0xC2 ? 0
+                                   : lead < 0xE0 ? 2
+                                   : lead < 0xF0 ? 3
+                                   : lead < 0xF5 ? 4
+                                                 : 0;
+        char32_t code = length == 1 ? lead : length != 0 ? lead & (0x7FU >> length) : 0;
+        bool good = length != 0 && i + length <= bytes.size();
+        for (std::size_t k = 1; good && k < length; ++k) {
+            good = (byteAt(i + k) & 0xC0) == 0x80;
+            code = code << 6 | (byteAt(i + k) & 0x3F);
+        }
+        constexpr char32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
+        good = good && code >= kSmallest[length] && code <= 0x10FFFF && !(code >= 0xD800 && code < 0xE000);
+        if (!good) {
+            out.push_back(kReplacement);
+            ++i;
+            continue;
+        }
+        if (code >= 0x10000) {
+            out.push_back(static_cast<char16_t>(0xD800 + ((code - 0x10000) >> 10)));
+            out.push_back(static_cast<char16_t>(0xDC00 + ((code - 0x10000) & 0x3FF)));
+        } else {
+            out.push_back(static_cast<char16_t>(code));
+        }
+        i += length;
+    }
+    return out;
+}
+
+bool IsWellFormed(std::u16string_view text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (IsLowHalf(text[i])) return false;
+        if (IsHighHalf(text[i]) && (++i == text.size() || !IsLowHalf(text[i]))) return false;
+    }
+    return true;
+}
+
+}  // namespace orvale

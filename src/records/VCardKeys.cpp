@@ -1,0 +1,111 @@
+#include "records/VCardKeys.h"
+
+#include <unordered_map>
+
+#include "platform/Text.h"
+#include "records/ContactFieldTypes.h"
+
+namespace orvale {
+namespace {
+
+// The order is part of the table: both look-ups take the first row that matches.
+constexpr VCardPropertyRow kVCardProperties[] = {
+    {u"N", kVCardName},
+    {u"FN", CF_FULL_NAME},
+    {u"NICKNAME", CF_NICKNAME},
+    {u"TEL;WORK;VOICE", kVCardWorkPhone},
+    {u"TEL;WORK;FAX", CF_TEL_WORK_FAX},
+    {u"TEL;HOME;VOICE", CF_TEL_HOME_VOICE},
+    {u"TEL;HOME", CF_TEL_HOME},
+    {u"TEL;HOME;FAX", CF_TEL_HOME_FAX},
+    {u"TEL;CELL;VOICE", CF_TEL_CELL_VOICE},
+    {u"TEL;CAR;VOICE", CF_TEL_CAR},
+    {u"TEL;VOICE", CF_TEL_VOICE},
+    {u"TEL;PAGER;VOICE", CF_TEL_PAGER_VOICE},
+    {u"TEL;ISDN", CF_TEL_ISDN},
+    {u"TEL;PREF", CF_TEL_PREF},
+    {u"EMAIL;TLX", CF_TELEX},
+    {u"EMAIL;PREF;INTERNET", CF_EMAIL_PREF},
+    {u"EMAIL;INTERNET", kVCardEmail},
+    {u"NOTE", CF_NOTE},
+    {u"NOTE;ENCODING=QUOTED-PRINTABLE", CF_NOTE},
+    {u"URL;WORK", CF_URL_1},
+    {u"URL;WORK", CF_URL_2},  // this row and the next are reached by their ids alone, when writing
+    {u"URL;WORK", CF_URL_3},
+    {u"ADR;WORK", kVCardWorkAddress},
+    {u"ADR;WORK;ENCODING=QUOTED-PRINTABLE", kVCardWorkAddress},
+    {u"LABEL;WORK", CF_LABEL_WORK},
+    {u"LABEL;WORK;ENCODING=QUOTED-PRINTABLE", CF_LABEL_WORK},
+    {u"ADR;HOME", kVCardHomeAddress},
+    {u"ADR;HOME;ENCODING=QUOTED-PRINTABLE", kVCardHomeAddress},
+    {u"LABEL;HOME", CF_LABEL_HOME},
+    {u"LABEL;HOME;ENCODING=QUOTED-PRINTABLE", CF_LABEL_HOME},
+    {u"ADR;POSTAL", kVCardPostalAddress},
+    {u"ADR;POSTAL;ENCODING=QUOTED-PRINTABLE", kVCardPostalAddress},
+    {u"LABEL;POSTAL", kVCardPostalLabel},
+    {u"LABEL;POSTAL;ENCODING=QUOTED-PRINTABLE", kVCardPostalLabel},
+    {u"X-WAB-GENDER", CF_GENDER},
+    {u"ROLE", CF_ROLE},
+    {u"BDAY", CF_BIRTHDAY},
+    {u"REV", PROPERTY_IGNORED},
+    {u"TEL;CELL", CF_TEL_CELL},
+    {u"TEL;OTHER", CF_TEL_OTHER},
+    {u"TEL;PAGER", CF_TEL_PAGER},
+    {u"TEL;FAX", CF_TEL_FAX},
+    {u"TEL;CALLBACK;VOICE", CF_TEL_CALLBACK},
+    {u"TEL;COMPANY;VOICE", CF_TEL_COMPANY},
+    {u"TEL;ASSISTANT;VOICE", CF_TEL_ASSISTANT},
+    {u"TEL;RADIO;VOICE", CF_TEL_RADIO},
+    {u"TEL;TTYTDD;VOICE", CF_TEL_TTYTDD},
+    {u"ADR;GENERAL", CF_ADR_GENERAL},
+    {u"ADR;GENERAL;ENCODING=QUOTED-PRINTABLE", CF_ADR_GENERAL},
+    {u"ORG", CF_ORG},
+    {u"TITLE", CF_TITLE},
+};
+
+struct HashNoCase {
+    std::size_t operator()(std::u16string_view key) const {
+        std::size_t hash = 0;
+        for (const char16_t unit : key)
+            hash = hash * 31 + ToLower(unit);
+        return hash;
+    }
+};
+
+struct EqualNoCase {
+    bool operator()(std::u16string_view a, std::u16string_view b) const { return EqualsNoCase(a, b); }
+};
+
+using IdsByKey = std::unordered_map<std::u16string_view, std::int32_t, HashNoCase, EqualNoCase>;
+
+// The id of each key's first row: every line of a card asks for one.
+const IdsByKey& FirstIds() {
+    static const IdsByKey ids = [] {
+        IdsByKey map;
+        for (const VCardPropertyRow& row : kVCardProperties)
+            map.emplace(row.key, row.id);
+        return map;
+    }();
+    return ids;
+}
+
+}  // namespace
+
+std::int32_t GetPropertyId(std::u16string_view key) {
+    const auto found = FirstIds().find(key);
+    return found != FirstIds().end() ? found->second : PROPERTY_UNKNOWN;
+}
+
+std::u16string_view GetPropertyKey(std::int32_t id) {
+    for (const VCardPropertyRow& row : kVCardProperties)
+        if (row.id == id) return row.key;
+    return u"NONE";
+}
+
+std::u16string_view GetQuotedPrintableKey(std::int32_t id) {
+    for (const VCardPropertyRow& row : kVCardProperties)
+        if (row.id == id && row.key.ends_with(u";ENCODING=QUOTED-PRINTABLE")) return row.key;
+    return {};
+}
+
+}  // namespace orvale

@@ -1,0 +1,22 @@
+#include "text/LineReader.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace orvale {
+
+LineResult ReadLine(CFile& file, std::size_t limit, std::string& line) {
+    line.clear();
+    for (std::string_view ahead = file.Ahead(); !ahead.empty(); ahead = file.Ahead()) {
+        ahead = ahead.substr(0, limit - line.size());
+        const std::size_t feed = ahead.find('\n');
+        const std::size_t taken = feed == std::string_view::npos ? ahead.size() : feed + 1;
+        line.append(ahead.substr(0, taken));
+        file.Skip(taken);
+        if (line.ends_with("\r\n")) return LineResult::kLine;
+        if (line.size() == limit) return file.AtEnd() ? LineResult::kLine : LineResult::kTooLong;
+    }
+    return line.empty() ? LineResult::kEnd : LineResult::kLine;
+}
+
+}  // namespace orvale

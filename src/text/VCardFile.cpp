@@ -1,0 +1,359 @@
+#include "text/VCardFile.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "frame/Operation.h"
+#include "frame/RecordLog.h"
+#include "platform/Format.h"
+#include "platform/Text.h"
+#include "records/VCardKeys.h"
+#include "text/LineReader.h"
+
+using orvale::EqualsNoCase;
+using orvale::Operation;
+using orvale::Require;
+using orvale::Trim;
+
+namespace {
+
+constexpr std::size_t kLongestLine = 2048;  // bytes, with the line end
+constexpr std::u16string_view kLineEnd = u"\r\n";
+constexpr std::u16string_view kCardBegin = u"BEGIN:VCARD";
+constexpr std::u16string_view kVersion = u"VERSION:2.1";
+constexpr std::u16string_view kCardEnd = u"END:VCARD";
+
+/// One of the three addresses: the ids of the seven parts that a vCard has for each. 0 where the phone's contact has no
+/// field for a part.
+struct Address {
+    std::int32_t key;       // of the property table
+    std::int32_t whole;     // the address in one piece
+    std::int32_t extended;  // the second part; without a field of its own it stands before the street, a blank between
+    std::int32_t street;
+    std::int32_t city;
+    std::int32_t region;
+    std::int32_t region2;  // the same text again; wins over `region` when writing
+    std::int32_t postcode;
+    std::int32_t country;
+};
+
+constexpr Address kAddresses[] = {
+    {orvale::kVCardWorkAddress, CF_ADR_WORK, CF_ADR_WORK_EXTENDED, CF_ADR_WORK_STREET, CF_ADR_WORK_CITY,
+     CF_ADR_WORK_REGION, CF_ADR_WORK_REGION_2, CF_ADR_WORK_POSTCODE, CF_ADR_WORK_COUNTRY},
+    {orvale::kVCardHomeAddress, CF_ADR_HOME, 0, CF_ADR_HOME_STREET, CF_ADR_HOME_CITY, CF_ADR_HOME_REGION,
+     CF_ADR_HOME_REGION_2, CF_ADR_HOME_POSTCODE, CF_ADR_HOME_COUNTRY},
+    {orvale::kVCardPostalAddress, CF_ADR_POSTAL, 0, CF_ADR_POSTAL_STREET, CF_ADR_POSTAL_CITY, CF_ADR_POSTAL_REGION,
+     CF_ADR_POSTAL_REGION_2, CF_ADR_POSTAL_POSTCODE, CF_ADR_POSTAL_COUNTRY},
+};
+
+const Address* FindAddress(std::int32_t id, std::int32_t Address::*member) {
+    const auto* const found = std::find_if(std::begin(kAddresses), std::end(kAddresses),
+                                           [&](const Address& address) { return address.*member == id; });
+    return found != std::end(kAddresses) ? found : nullptr;
+}
+
+void AddProperty(std::u16string_view value, std::int32_t id, VCardPropertyList& list) {
+    value = value.substr(0, value.find(u'\0'));  // a zero ends a text: it must not end the card
+    if (!value.empty()) list.push_back({id, std::u16string(value)});
+}
+
+std::u16string WithoutTrailingSemicolons(std::u16string text) {
+    text.resize(text.find_last_not_of(u';') + 1);  // npos + 1 is 0
+    return text;
+}
+
+}  // namespace
+
+CVCardFile::CVCardFile() : CFileObject(210, u"ORVALE - CVCardFile::Open") {}
+
+CVCardFile::~CVCardFile() {
+    CVCardFile::Close();
+}
+
+void CVCardFile::Close() {
+    contact_.Clear();
+    orvale::LogText(u"ORVALE - CVCardFile::Close : Begin/Finish\r\n");
+    CloseStream();
+}
+
+std::int32_t CVCardFile::Verify() {
+    const Operation operation(*this, u"ORVALE - CVCardFile::Verify", Operation::kBegin | Operation::kFinish);
+    if (IsOpened()) return VERIFY_OK;
+    orvale::LogText(u"Orvale - CVCardFile::Verify : Not opened\r\n");
+    return VERIFY_NOT_OPENED;
+}
+
+// ---- reading
+
+std::int32_t CVCardFile::Read(void** record) {
+    Operation operation(*this, u"ORVALE - CVCardFile::Read");
+    bool gotCard = false;
+    const std::int32_t ready = operation.Run([&] {
+        Require(IsOpened() && record != nullptr);
+        *record = &contact_;
+        contact_.Clear();
+        std::u16string text;
+        VCardPropertyList list;
+        gotCard = ReadCard(text) != 0 && ParseCard(text, list) != 0 && BuildContact(&contact_, list) != 0;
+        // Running out of cards is the common end of a file: its only line in the log is Begin.
+        if (gotCard)
+            orvale::LogContact(&contact_);
+        else
+            operation.Silence();
+    });
+    return ready != 0 && gotCard;
+}
+
+std::int32_t CVCardFile::ReadString(std::u16string* text) {
+    if (text == nullptr || !IsOpened()) return 0;
+    if (orvale::ReadLine(*this, kLongestLine, lineBytes_) != orvale::LineResult::kLine) return 0;
+    *text = ToWide(lineBytes_);
+    return 1;
+}
+
+std::int32_t CVCardFile::ReadCard(std::u16string& text) try {
+    std::u16string line;
+    for (const std::u16string_view head : {kCardBegin, kVersion}) {
+        do {
+            if (ReadString(&line) == 0) return 0;
+        } while (!EqualsNoCase(Trim(line), head));
+    }
+    for (;;) {
+        if (ReadString(&line) == 0) return 0;
+        const std::u16string_view trimmed = Trim(line);
+        if (EqualsNoCase(trimmed, kCardEnd)) return 1;
+        text.append(trimmed).append(kLineEnd);
+    }
+} catch (const std::exception&) {
+    return 0;
+}
+
+std::int32_t CVCardFile::ParseCard(std::u16string_view text, VCardPropertyList& list) try {
+    CParseString rest;
+    rest = text;
+    Counters counters;
+    while (!rest.IsEmpty()) {
+        const std::u16string line = GetLogicalLine(rest);
+        if (ParseProperty(line, list, counters) == 0 && !list.empty()) list.back().value += line;
+    }
+    return 1;
+} catch (const std::exception&) {
+    return 0;
+}
+
+// A line and those behind it that hold no colon, joined with nothing between.
+std::u16string CVCardFile::GetLogicalLine(CParseString& text) {
+    std::u16string line = text.GetNextToken(kLineEnd);
+    while (!text.IsEmpty()) {
+        const std::u16string_view next = text.Remaining().substr(0, text.Remaining().find(kLineEnd));
+        if (next.find(u':') != std::u16string_view::npos) break;
+        line += next;
+        text.GetNextToken(kLineEnd);
+    }
+    return line;
+}
+
+std::int32_t CVCardFile::ParseProperty(std::u16string_view line, VCardPropertyList& list, Counters& counters) {
+    std::u16string_view rest = line;
+    const std::u16string_view key = Trim(orvale::TakeToken(rest, u":"));
+    const std::int32_t id = key.empty() ? orvale::PROPERTY_UNKNOWN : orvale::GetPropertyId(key);
+    const auto addPart = [&](std::int32_t partId) { AddProperty(orvale::TakeToken(rest, u";"), partId, list); };
+
+    if (id == orvale::PROPERTY_UNKNOWN) return 0;
+    if (id == orvale::PROPERTY_IGNORED) return 1;
+    if (id == orvale::kVCardName) {
+        for (const std::int32_t part : {CF_FAMILY_NAME, CF_GIVEN_NAME, CF_MIDDLE_NAME, CF_NAME_PREFIX})
+            addPart(part);
+        AddProperty(rest, CF_NAME_SUFFIX, list);
+    } else if (id == orvale::kVCardWorkPhone) {
+        AddProperty(rest, counters.workPhones++ == 0 ? CF_TEL_WORK_VOICE : CF_TEL_WORK_VOICE_2, list);
+    } else if (id == orvale::kVCardEmail) {
+        AddProperty(rest, CF_EMAIL_2 + counters.emails++, list);
+    } else if (const Address* address = FindAddress(id, &Address::key)) {
+        orvale::LogFormat(u"%s********\r\n", rest);
+        AddProperty(rest, address->whole, list);
+        orvale::TakeToken(rest, u";");  // the post office box, for which no phone has a field
+        const std::u16string_view extended = orvale::TakeToken(rest, u";");
+        std::u16string street(orvale::TakeToken(rest, u";"));
+        if (address->extended != 0)
+            AddProperty(extended, address->extended, list);
+        else if (!extended.empty())
+            street = std::u16string(extended) + u" " + street;
+        AddProperty(street, address->street, list);
+        addPart(address->city);
+        const std::u16string_view region = orvale::TakeToken(rest, u";");
+        AddProperty(region, address->region, list);
+        AddProperty(region, address->region2, list);
+        addPart(address->postcode);
+        AddProperty(rest, address->country, list);
+    } else {
+        AddProperty(rest, id, list);
+    }
+    return 1;
+}
+
+// Every value is decoded, whatever its key says of an encoding.
+std::int32_t CVCardFile::BuildContact(CContactItem* contact, const VCardPropertyList& list) try {
+    if (contact == nullptr) return 0;
+    const auto add = [&](std::int32_t type, std::u16string data) {
+        auto field = std::make_unique<CContactField>();
+        field->Type = type;
+        field->Data = std::move(data);
+        contact->fields.push_back(std::move(field));
+    };
+    bool named = false;
+    for (const VCardProperty& property : list) {
+        add(property.id, DecodeQuotedPrintable(property.value.c_str()));
+        named = named || IsNameType(property.id);
+    }
+    if (!named) add(CF_FULL_NAME, {});  // a contact always has a name
+    return 1;
+} catch (const std::exception&) {
+    return 0;
+}
+
+// ---- writing
+
+namespace {
+
+std::u16string_view GetFieldText(std::int32_t type, const CContactItem& contact) {
+    std::int32_t index = 0;
+    const CContactField* const field = contact.FindField(type, index);
+    return field != nullptr ? std::u16string_view(field->Data) : std::u16string_view();
+}
+
+bool HasField(std::int32_t type, const CContactItem& contact) {
+    std::int32_t index = 0;
+    return contact.FindField(type, index) != nullptr;
+}
+
+// The full name and what goes into the lines of name and addresses: such a field has no line of its own.
+bool IsComposed(std::int32_t type) {
+    switch (type) {
+        case CF_FULL_NAME:
+        case CF_GIVEN_NAME:
+        case CF_FAMILY_NAME:
+        case CF_MIDDLE_NAME:
+        case CF_NAME_PREFIX:
+        case CF_NAME_SUFFIX:
+            return true;
+        default:
+            break;
+    }
+    return std::any_of(std::begin(kAddresses), std::end(kAddresses), [&](const Address& a) {
+        return type != 0 && (type == a.extended || type == a.street || type == a.city || type == a.region ||
+                             type == a.region2 || type == a.postcode || type == a.country);
+    });
+}
+
+std::u16string ComposeAddress(const Address& address, const CContactItem& contact) {
+    const auto text = [&](std::int32_t type) {
+        return type != 0 ? GetFieldText(type, contact) : std::u16string_view();
+    };
+    const std::int32_t region = HasField(address.region2, contact) ? address.region2 : address.region;
+    std::u16string value;
+    for (const std::int32_t type :
+         {address.extended, address.street, address.city, region, address.postcode, address.country})
+        value.append(u";").append(text(type));
+    return WithoutTrailingSemicolons(value);
+}
+
+// The ids whose values go out in quoted-printable where that changes them.
+bool IsQuotedPrintable(std::int32_t id) {
+    return id == CF_NOTE || id == CF_ADR_GENERAL || id == CF_LABEL_WORK || id == CF_LABEL_HOME;
+}
+
+// The local time, for all that it ends in "Z".
+std::u16string GetRevisionStamp() {
+    const orvale::CalendarFields now = orvale::LocalNow();
+    return orvale::Format(u"%.2d%.2d%.2dT%.2d%.2d%.2dZ", now.year, now.month, now.day, now.hour, now.minute,
+                          now.second);
+}
+
+// The address in one piece goes into the street, the third part.
+void PrefixAddress(std::size_t index, VCardPropertyList& list) {
+    list.at(index).value.insert(0, u";;");
+}
+
+}  // namespace
+
+std::int32_t CVCardFile::Write(const void* record) {
+    return Operation(*this, u"ORVALE - CVCardFile::Write").Run([&] {
+        Require(IsOpened());
+        const auto* const contact = static_cast<const CContactItem*>(record);
+        orvale::LogContact(contact);
+        VCardPropertyList list;
+        std::u16string text;
+        Require(MapContact(contact, list) != 0 && ComposeCard(text, list) != 0 && WriteCard(text) != 0);
+    });
+}
+
+std::int32_t CVCardFile::MapContact(const CContactItem* contact, VCardPropertyList& list) {
+    if (contact == nullptr) return 0;
+    std::u16string given(GetFieldText(CF_GIVEN_NAME, *contact));
+    const std::u16string family(GetFieldText(CF_FAMILY_NAME, *contact));
+    std::u16string full(GetFieldText(CF_FULL_NAME, *contact));
+    if (given.empty() && family.empty()) given = full;
+
+    std::u16string name = family + u";" + given;
+    for (const std::int32_t part : {CF_MIDDLE_NAME, CF_NAME_PREFIX, CF_NAME_SUFFIX})
+        name.append(u";").append(GetFieldText(part, *contact));
+    name = WithoutTrailingSemicolons(name);
+    AddProperty(name.empty() ? u";" : std::u16string_view(name), orvale::kVCardName, list);
+    if (full.empty()) full = orvale::Format(u"%s %s", given, family);
+    AddProperty(full, CF_FULL_NAME, list);
+
+    bool hasEmail = false;
+    constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+    std::size_t wholeAddress[std::size(kAddresses)];
+    std::fill(std::begin(wholeAddress), std::end(wholeAddress), kNone);
+    for (const auto& field : contact->fields) {
+        if (!field || IsComposed(field->Type)) continue;
+        const std::int32_t type = field->Type;
+        if (type == CF_TEL_WORK_VOICE || type == CF_TEL_WORK_VOICE_2) {
+            AddProperty(field->Data, orvale::kVCardWorkPhone, list);
+        } else if (type == CF_EMAIL_PREF || type == CF_EMAIL_2 || type == CF_EMAIL_3) {
+            AddProperty(field->Data, hasEmail ? orvale::kVCardEmail : CF_EMAIL_PREF, list);
+            hasEmail = true;
+        } else if (const Address* address = FindAddress(type, &Address::whole)) {
+            const std::size_t before = list.size();
+            AddProperty(field->Data, address->key, list);
+            if (list.size() > before) wholeAddress[address - kAddresses] = before;
+        } else {
+            AddProperty(field->Data, type, list);
+        }
+    }
+    for (std::size_t i = 0; i < std::size(kAddresses); ++i) {
+        const Address& address = kAddresses[i];
+        if (!HasField(address.whole, *contact))
+            AddProperty(ComposeAddress(address, *contact), address.key, list);
+        else if (wholeAddress[i] != kNone)
+            PrefixAddress(wholeAddress[i], list);
+    }
+    return 1;
+}
+
+std::int32_t CVCardFile::ComposeCard(std::u16string& text, const VCardPropertyList& list) {
+    const auto line = [&](std::u16string_view key, std::u16string_view value) {
+        text.append(key).append(u":").append(value).append(kLineEnd);
+    };
+    text.assign(kCardBegin).append(kLineEnd).append(kVersion).append(kLineEnd);
+    for (const VCardProperty& property : list) {
+        const std::u16string_view key = orvale::GetPropertyKey(property.id);
+        if (IsQuotedPrintable(property.id)) {
+            const std::u16string encoded = EncodeQuotedPrintable(property.value.c_str());
+            line(encoded != property.value ? orvale::GetQuotedPrintableKey(property.id) : key, encoded);
+        } else if (!EqualsNoCase(key, u"NONE")) {
+            line(key, property.value);
+        }
+    }
+    line(u"REV", GetRevisionStamp());
+    text.append(kCardEnd).append(kLineEnd).append(kLineEnd);
+    return 1;
+}
+
+std::int32_t CVCardFile::WriteCard(std::u16string_view text) {
+    const std::string bytes = ToNarrow(text);
+    CFile::Write(bytes.data(), static_cast<std::uint32_t>(bytes.size()));
+    return 1;
+}

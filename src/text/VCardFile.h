@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "frame/FileObject.h"
+#include "frame/ParseString.h"
+#include "records/ContactItem.h"
+
+/// One line of a card between text and contact: a property's id and its value.
+struct VCardProperty {
+    std::int32_t id;       // of VCardKeys.h; on the reader's side a contact field type id
+    std::u16string value;  // in its file form: not decoded yet, or not encoded yet
+};
+
+using VCardPropertyList = std::vector<VCardProperty>;
+
+/// vCard 2.1 (the Internet Mail Consortium's, 18 September 1996) as the phones of the time kept to it: any number of
+/// cards, 8-bit text in the thread's code page, lines of at most 2048 bytes that end in CR LF. A line's key is known as
+/// a whole or not at all (see VCardKeys.h), and a line with an unknown key joins the value before it. Storage, groups
+/// and all other members of a contact but its fields have no line.
+class CVCardFile : public CFileObject {
+ public:
+    CVCardFile();
+    ~CVCardFile() override;
+
+    using CFileObject::Open;
+    using CFileObject::Read;
+    using CFileObject::Write;
+    void Close() override;
+    std::int32_t Verify() override;
+    std::int32_t Read(void** record) override;
+    std::int32_t Write(const void* record) override;
+
+    /// One raw line with its line end. 0, and the text as it was, at the end of the file and for a line over the limit,
+    /// within which the file then stands.
+    std::int32_t ReadString(std::u16string* text) override;
+
+ private:
+    /// How often the repeated keys of a card occurred. A key counts also where its value is empty.
+    struct Counters {
+        std::int32_t workPhones = 0;
+        std::int32_t emails = 0;
+    };
+
+    // Reading: from the file to a card's text, to its properties, to the contact.
+    std::int32_t ReadCard(std::u16string& text);
+    std::int32_t ParseCard(std::u16string_view text, VCardPropertyList& list);
+    std::u16string GetLogicalLine(CParseString& text);
+    std::int32_t ParseProperty(std::u16string_view line, VCardPropertyList& list, Counters& counters);
+    std::int32_t BuildContact(CContactItem* contact, const VCardPropertyList& list);
+
+    // Writing: the same three stages backwards.
+    std::int32_t MapContact(const CContactItem* contact, VCardPropertyList& list);
+    std::int32_t ComposeCard(std::u16string& text, const VCardPropertyList& list);
+    std::int32_t WriteCard(std::u16string_view text);
+
+    CContactItem contact_;
+    std::string lineBytes_;  // of the line that ReadString read last: kept for its memory
+};
