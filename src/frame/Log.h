@@ -4,18 +4,13 @@
 #include <string_view>
 
 #include "platform/Format.h"
+#include "records/LogSwitch.h"
 
 class CFile;
 
 /// The diagnostic log: off unless the registry value for this very module switches it on. Its two globals are set at
 /// load and only read after that; without the switch a line costs one test of a number. A line carries its own CR LF.
 namespace orvale {
-
-/// Where the switch stands: a value of four bytes whose name is the module's full path. Bit 2 selects the file beside
-/// the module, bit 4 the debugger's output; any other number makes lines that go nowhere.
-inline constexpr std::u16string_view kLogRegistryKey = u"HKEY_CURRENT_USER\\SoftWare\\Tarnwick\\LogFiles";
-inline constexpr std::uint32_t kLogToFile = 2;
-inline constexpr std::uint32_t kLogToDebugger = 4;
 
 /// Reads the switch from the registry, once, at load. The module is looked up by its short name, to which a library
 /// adds ".so". A failure leaves the switch at its default.

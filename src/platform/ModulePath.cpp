@@ -15,4 +15,10 @@ std::string ModulePath() {
     return error ? std::string() : path.lexically_normal().string();
 }
 
+std::string ProgramPath() {
+    std::error_code error;
+    const std::filesystem::path path = std::filesystem::read_symlink("/proc/self/exe", error);
+    return error ? std::string() : path.string();
+}
+
 }  // namespace orvale

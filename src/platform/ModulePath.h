@@ -8,4 +8,7 @@ namespace orvale {
 /// loader has it; empty where the loader doesn't tell.
 std::string ModulePath();
 
+/// The absolute path of the running program, in UTF-8; empty where the system doesn't tell.
+std::string ProgramPath();
+
 }  // namespace orvale

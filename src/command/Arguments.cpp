@@ -1,0 +1,147 @@
+#include "command/Arguments.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
+
+#include "command/CommandError.h"
+#include "platform/CodePage.h"
+
+namespace orvale {
+namespace {
+
+constexpr const char* kAbout =
+    "Lists, shows, checks and converts files of a mobile phone's contacts, calendar, messages and mails.";
+
+struct VerbRow {
+    std::string_view word;
+    Verb verb;
+    const char* about;
+    const char* files;  // how its files are called in the help
+    std::size_t least;  // how many of them it takes
+    std::size_t most;
+};
+
+constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
+
+constexpr std::array kVerbs{
+    VerbRow{"formats", Verb::kFormats, "list the formats", "", 0, 0},
+    VerbRow{"info", Verb::kInfo, "tell what files are and whether they are whole", "FILE...", 1, kAnyNumber},
+    VerbRow{"show", Verb::kShow, "print the records of a file", "FILE", 1, 1},
+    VerbRow{"convert", Verb::kConvert, "write the records of files into a file of another format", "INPUT... OUTPUT", 2,
+            kAnyNumber},
+    VerbRow{"log", Verb::kLog, "show or set the log of the module in use", "[off|file|debug|both]", 0, 1},
+};
+
+std::string VerbList() {
+    std::string list;
+    for (const VerbRow& row : kVerbs)
+        list += (list.empty() ? "" : ", ") + std::string(row.word);
+    return list;
+}
+
+const VerbRow& FindVerb(std::string_view word) {
+    for (const VerbRow& row : kVerbs)
+        if (row.word == word) return row;
+    FailUsage("unknown verb '" + Quote(word) + "'; the verbs are " + VerbList());
+}
+
+std::string Overview() {
+    std::string text = std::string("Usage: orvale VERB [OPTIONS] ...\n\n") + kAbout + "\n\n";
+    for (const VerbRow& row : kVerbs) {
+        std::string head = "  orvale " + std::string(row.word) + " " + row.files;
+        head.resize(std::max<std::size_t>(head.size() + 1, 40), ' ');
+        text += head + row.about + "\n";
+    }
+    return text +
+           "\n'orvale VERB --help' tells the options of a verb. The result is 0 when all was done, 1 when a file\n"
+           "failed, 2 when the command line can't be acted on, 3 when --strict met a loss.\n";
+}
+
+void AddOptions(CLI::App& app, Arguments& arguments, int& codePage) {
+    static const std::map<std::string, ColorMode> kColors{
+        {"auto", ColorMode::kAuto}, {"always", ColorMode::kAlways}, {"never", ColorMode::kNever}};
+    app.add_option("--module", arguments.module, "the module to work with, in place of the one beside the command")
+        ->type_name("PATH");
+    if (arguments.verb == Verb::kFormats || arguments.verb == Verb::kInfo || arguments.verb == Verb::kShow)
+        app.add_flag("--json", arguments.json, "the result as JSON");
+    if (arguments.verb == Verb::kInfo || arguments.verb == Verb::kShow)
+        app.add_option("--format", arguments.format, "the format of the file, in place of the one that is found")
+            ->type_name("NAME");
+    if (arguments.verb == Verb::kInfo || arguments.verb == Verb::kShow || arguments.verb == Verb::kConvert)
+        app.add_option("--codepage", codePage, "the code page of text in files, such as 1252 (65001 is UTF-8)")
+            ->type_name("N");
+    if (arguments.verb == Verb::kShow) {
+        app.add_option("--color", arguments.color, "when to use colours: auto, always or never")
+            ->transform(CLI::CheckedTransformer(kColors))
+            ->type_name("WHEN");
+    }
+    if (arguments.verb != Verb::kConvert) return;
+    ConvertOrder& order = arguments.convert;
+    app.add_option("--from", order.from, "the format of the inputs, in place of the one that is found")
+        ->type_name("NAME");
+    app.add_option("--to", order.to, "the format of the output, in place of the one of its extension")
+        ->type_name("NAME");
+    app.add_flag("--force", order.force, "replace an output that exists");
+    app.add_flag("--partial", order.partial, "of a damaged input take what comes before the damage");
+    app.add_flag("--strict", order.strict, "write nothing and exit with 3 if something would be lost");
+    app.add_flag_callback(
+        "--no-verify", [&order] { order.verify = false; }, "don't read the output back, and tell no loss");
+}
+
+}  // namespace
+
+std::optional<Arguments> ParseArguments(int count, const char* const* words, std::string& text) {
+    const std::string_view first = count > 1 ? words[1] : "";
+    if (first.empty()) FailUsage("a verb is missing; the verbs are " + VerbList());
+    if (first == "--help" || first == "-h" || first == "help") {
+        text = Overview();
+        return std::nullopt;
+    }
+    if (first == "--version") {
+        text = std::string("orvale ") + ORVALE_VERSION + "\n";
+        return std::nullopt;
+    }
+    const VerbRow& row = FindVerb(first);
+
+    Arguments arguments;
+    arguments.verb = row.verb;
+    int codePage = 0;
+    CLI::App app(row.about);
+    app.name("orvale " + std::string(row.word));
+    AddOptions(app, arguments, codePage);
+    // The files are taken as what is left over: as an option of its own the list would split a name in brackets.
+    app.allow_extras();
+    std::vector<std::string> rest(words + 2, words + count);
+    std::reverse(rest.begin(), rest.end());
+    try {
+        app.parse(rest);
+    } catch (const CLI::CallForHelp&) {
+        text = app.help();
+        const std::string usage = "[OPTIONS]";
+        text.insert(text.find(usage) + usage.size(), std::string(" ") + row.files);
+        return std::nullopt;
+    } catch (const CLI::ParseError& error) {
+        FailUsage(error.what());
+    }
+
+    bool onlyFiles = false;
+    for (const std::string& word : app.remaining()) {
+        if (!onlyFiles && word == "--")
+            onlyFiles = true;
+        else if (!onlyFiles && word.size() > 1 && word.front() == '-')
+            FailUsage("unknown option '" + Quote(word) + "'");
+        else
+            arguments.files.push_back(word);
+    }
+    if (arguments.files.size() < row.least) FailUsage(std::string(row.word) + " takes " + row.files);
+    if (arguments.files.size() > row.most)
+        FailUsage("too many arguments; " + std::string(row.word) + " takes " + (row.most == 0 ? "none" : row.files));
+    if (app.get_option_no_throw("--codepage") != nullptr && app.count("--codepage") != 0) {
+        if (FindCodePage(codePage) == nullptr) FailUsage("unknown code page " + std::to_string(codePage));
+        arguments.codePage = codePage;
+    }
+    return arguments;
+}
+
+}  // namespace orvale

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "command/Convert.h"
+#include "command/show/Screen.h"
+
+namespace orvale {
+
+enum class Verb { kFormats, kInfo, kShow, kConvert, kLog };
+
+/// The command line, taken apart.
+struct Arguments {
+    Verb verb = Verb::kFormats;
+    std::vector<std::string> files;  ///< all that isn't an option
+    std::string format;              ///< --format
+    bool json = false;
+    ColorMode color = ColorMode::kAuto;
+    std::string module;  ///< --module
+    std::optional<int> codePage;
+    ConvertOrder convert;  ///< the options of convert; its files are set by the command
+};
+
+/// Takes the command line apart. Where it asks for help or for the version, that text comes back in `text` and there
+/// are no arguments. Ends the work with a usage error for what can't be acted on.
+std::optional<Arguments> ParseArguments(int count, const char* const* words, std::string& text);
+
+}  // namespace orvale

@@ -1,0 +1,40 @@
+#include "command/CommandError.h"
+
+#include <cstdio>
+
+#include "command/show/Screen.h"
+#include "platform/Text.h"
+
+namespace orvale {
+
+std::string ErrorLine(std::string_view file, std::string_view place, std::string_view reason) {
+    std::string line;
+    for (const std::string_view part : {file, place, reason}) {
+        if (part.empty()) continue;
+        if (!line.empty()) line += ": ";
+        line += part;
+    }
+    return line;
+}
+
+void FailFile(std::string_view file, std::string_view place, std::string_view reason) {
+    throw CommandError(ExitCode::kFailed, ErrorLine(file, place, reason));
+}
+
+void FailUsage(std::string_view reason) {
+    throw CommandError(ExitCode::kUsage, std::string(reason));
+}
+
+void TellUser(std::string_view line) {
+    std::fflush(stdout);
+    std::fprintf(stderr, "orvale: %.*s\n", static_cast<int>(line.size()), line.data());
+}
+
+std::string Quote(std::string_view text) {
+    constexpr std::size_t kMost = 40;
+    std::u16string units = FromUtf8(text);
+    if (units.size() > kMost) units = units.substr(0, kMost - 1) + u"…";
+    return Visible(units);
+}
+
+}  // namespace orvale

@@ -1,0 +1,99 @@
+#include "command/Commands.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+
+#include "command/FormatTable.h"
+#include "command/Info.h"
+#include "command/LogCommand.h"
+#include "command/Show.h"
+#include "command/json/FormatsJson.h"
+
+namespace orvale {
+namespace {
+
+ExitCode ListFormats(bool json) {
+    if (json) {
+        std::cout << FormatsJson();
+        return ExitCode::kDone;
+    }
+    for (const Format& row : FormatTable()) {
+        std::string line(row.name);
+        line.resize(16, ' ');
+        line += row.kind ? KindWord(*row.kind) : "all kinds";
+        line.resize(28, ' ');
+        line += row.extension;
+        line.resize(36, ' ');
+        line += row.writes ? "reads, writes" : "reads";
+        std::cout << line << '\n';
+    }
+    return ExitCode::kDone;
+}
+
+LoadedLibrary LoadModule(const std::string& named) {
+    const std::filesystem::path path = named.empty() ? LoadedLibrary::DefaultPath() : std::filesystem::path(named);
+    try {
+        return LoadedLibrary(path);
+    } catch (const std::runtime_error& error) {
+        FailFile(path.string(), "", error.what());
+    }
+}
+
+}  // namespace
+
+ExitCode RunCommand(const Arguments& arguments) {
+    // The module decides its code page by the environment, at its first conversion.
+    if (arguments.codePage) setenv("ORVALE_CODEPAGE", std::to_string(*arguments.codePage).c_str(), 1);
+    switch (arguments.verb) {
+        case Verb::kFormats:
+            return ListFormats(arguments.json);
+        case Verb::kInfo:
+            return TellInfo(LoadModule(arguments.module), arguments.files, arguments.format, arguments.json);
+        case Verb::kShow: {
+            const ShowOrder order{arguments.files.front(), arguments.format, arguments.json, arguments.color};
+            return Show(LoadModule(arguments.module), order);
+        }
+        case Verb::kConvert: {
+            ConvertOrder order = arguments.convert;
+            order.inputs = arguments.files;
+            order.inputs.pop_back();
+            order.output = arguments.files.back();
+            return Convert(LoadModule(arguments.module), order);
+        }
+        case Verb::kLog:
+            return LogCommand(
+                arguments.module.empty() ? LoadedLibrary::DefaultPath() : std::filesystem::path(arguments.module),
+                arguments.files.empty() ? "" : arguments.files.front());
+    }
+    return ExitCode::kUsage;
+}
+
+int Main(int count, const char* const* words) {
+    const auto fail = [](ExitCode code, const char* line) {
+        TellUser(line);
+        return static_cast<int>(code);
+    };
+    try {
+        std::ios::sync_with_stdio(false);
+        std::string text;
+        const std::optional<Arguments> arguments = ParseArguments(count, words, text);
+        ExitCode code = ExitCode::kDone;
+        if (arguments)
+            code = RunCommand(*arguments);
+        else
+            std::cout << text;
+        std::cout.flush();
+        if (!std::cout) return fail(ExitCode::kFailed, "standard output: can't be written");
+        return static_cast<int>(code);
+    } catch (const CommandError& error) {
+        std::cout.flush();
+        return fail(error.Code(), error.what());
+    } catch (const std::bad_alloc&) {
+        return fail(ExitCode::kFailed, "out of memory");
+    } catch (const std::exception& error) {
+        return fail(ExitCode::kFailed, error.what());
+    }
+}
+
+}  // namespace orvale

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "command/Arguments.h"
+#include "command/CommandError.h"
+
+namespace orvale {
+
+/// Runs the command line that was taken apart. Results go to standard output, all else to standard error.
+ExitCode RunCommand(const Arguments& arguments);
+
+/// The whole command: from the words of the command line to the exit code. Never throws.
+int Main(int count, const char* const* words);
+
+}  // namespace orvale

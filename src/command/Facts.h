@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "records/GeneralSyncData.h"
+
+namespace orvale {
+
+/// One thing that a record says: what a person calls it, and its value. A thing at its default isn't said.
+struct Fact {
+    std::string what;
+    std::u16string value;
+
+    auto operator<=>(const Fact&) const = default;
+};
+
+/// All that a record says that some format stores, in its order.
+std::vector<Fact> FactsOf(const CContactItem& contact);
+
+}  // namespace orvale

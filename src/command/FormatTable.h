@@ -1,0 +1,50 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <string_view>
+
+#include "host/Formats.h"
+
+namespace orvale {
+
+/// How a reader's end shows whether the file is whole.
+enum class EndRule {
+    kBytesLeft,       ///< bytes behind the last whole record are a damaged one
+    kWhiteSpaceLeft,  ///< the same, but white space does no harm
+    kNone,            ///< there is no telling, or no cut that reads
+};
+
+/// A format as the command works with it: the module's twelve and the JSON document.
+struct Format {
+    std::string_view name;
+    std::optional<Kind> kind;  ///< none where a file of the format may hold any kind
+    std::string_view extension;
+    std::optional<FileFormat> type;  ///< none for a format of the command's own
+    bool writes;
+    EndRule endRule;
+};
+
+/// The command's one table of formats.
+std::span<const Format> FormatTable();
+
+/// The row of a name. Ends the work with a usage error that names what is near, if there is no such format.
+const Format& FormatOfName(std::string_view name);
+
+/// The format of a file that is there: by its content, then by its extension; null if neither tells.
+const Format* DetectFormat(const std::filesystem::path& path);
+
+/// The format that an extension tells, for a file of a kind; null if it tells none.
+const Format* FormatOfExtension(const std::filesystem::path& path);
+
+/// The name of a verify code.
+std::string VerifyName(std::int32_t code);
+
+/// The word of a kind in JSON.
+std::string_view KindWord(Kind kind);
+
+/// What one record of a kind is called, and several.
+std::string_view RecordWord(Kind kind, bool several = false);
+
+}  // namespace orvale

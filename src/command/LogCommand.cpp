@@ -1,0 +1,75 @@
+#include "command/LogCommand.h"
+
+#include <algorithm>
+#include <iostream>
+#include <iterator>
+
+#include "platform/PendingFile.h"
+#include "platform/Registry.h"
+#include "platform/Text.h"
+#include "records/LogSwitch.h"
+
+namespace orvale {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct SwitchRow {
+    std::string_view word;
+    std::uint32_t number;
+};
+
+constexpr SwitchRow kSwitches[] = {
+    {"off", 0},
+    {"file", kLogToFile},
+    {"debug", kLogToDebugger},
+    {"both", kLogToFile | kLogToDebugger},
+};
+
+std::string WordOf(std::uint32_t number) {
+    for (const SwitchRow& row : kSwitches)
+        if (row.number == (number & (kLogToFile | kLogToDebugger))) return std::string(row.word);
+    return "off";
+}
+
+bool CanWriteIn(const fs::path& folder) {
+    try {
+        const PendingFile probe(folder / "probe");
+        return true;
+    } catch (const fs::filesystem_error&) {
+        return false;
+    }
+}
+
+void Set(const fs::path& module, std::uint32_t number) {
+    try {
+        WriteRegistryNumber(kLogRegistryKey, FromUtf8(module.string()), number);
+    } catch (const std::system_error& error) {
+        FailFile(RegistryPath(), "", error.code().message());
+    }
+}
+
+}  // namespace
+
+ExitCode LogCommand(const fs::path& named, const std::string& word) {
+    const fs::path module = fs::absolute(named).lexically_normal();  // as the loader will have it
+    if (!fs::exists(module)) FailFile(module.string(), "", "no such file");
+    if (RegistryPath().empty()) FailFile("registry", "", "neither ORVALE_REGISTRY nor a home folder tells its place");
+    if (!word.empty()) {
+        const auto* row = std::find_if(std::begin(kSwitches), std::end(kSwitches),
+                                       [&](const SwitchRow& r) { return r.word == word; });
+        if (row == std::end(kSwitches)) FailUsage("the log is off, file, debug or both, not '" + Quote(word) + "'");
+        Set(module, row->number);
+    }
+    const std::uint32_t number = ReadRegistryNumber(kLogRegistryKey, FromUtf8(module.string())).value_or(0);
+    std::cout << "log: " << WordOf(number) << '\n';
+    std::cout << "module: " << module.string() << '\n';
+    std::cout << "log file: " << fs::path(module).replace_extension(".log").string() << '\n';
+    std::cout << "registry: " << RegistryPath() << '\n';
+    if ((number & kLogToFile) != 0 && !CanWriteIn(module.parent_path()))
+        TellUser(
+            ErrorLine(module.parent_path().string(), "", "can't be written: the log file will not come into being"));
+    return ExitCode::kDone;
+}
+
+}  // namespace orvale

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+#include "command/CommandError.h"
+#include "command/show/Screen.h"
+#include "host/LoadedLibrary.h"
+
+namespace orvale {
+
+/// What `orvale show` was asked for.
+struct ShowOrder {
+    std::string file;
+    std::string format;  ///< empty to find it
+    bool json = false;
+    ColorMode color = ColorMode::kAuto;
+};
+
+/// Prints the records of a file, as a person reads them or as the JSON document. Of a damaged file, what came whole.
+ExitCode Show(const LoadedLibrary& library, const ShowOrder& order);
+
+}  // namespace orvale

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+
+namespace orvale {
+
+/// What the vCard reader can't make out of a file, found by going through its lines as the reader does.
+struct VCardScan {
+    struct Finding {
+        std::size_t count = 0;
+        std::size_t firstLine = 0;  // from 1
+
+        void Add(std::size_t line) {
+            if (count++ == 0) firstLine = line;
+        }
+    };
+
+    Finding unknownLines;  ///< lines of cards whose key no row of the table holds: they join the value before them
+    Finding skippedLines;  ///< lines outside of cards, and of cards of another version: they are passed over
+    Finding badBytes;      ///< bytes that are no character of the code page
+};
+
+/// Scans a file up to its end, or to a line that no reader gets past. A file that can't be read has no findings.
+VCardScan ScanVCard(const std::filesystem::path& path);
+
+}  // namespace orvale

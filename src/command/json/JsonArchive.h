@@ -1,0 +1,161 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "command/json/JsonValue.h"
+#include "platform/DateValue.h"
+#include "platform/HashMap.h"
+
+/// The objects of the JSON document, each told once: a VisitJson function names an object's keys in their order, and a
+/// reader or a writer passes through it. On input a missing key leaves the member as it was, which is its default.
+namespace orvale {
+
+/// Gives a number its name, or an empty text.
+using NameOfNumber = std::string (*)(std::int32_t number);
+
+/// Takes values out of one JSON object. All failures name the path of what is wrong.
+class JsonReader {
+ public:
+    /// The value must be an object. `path` is where it stands in the document.
+    JsonReader(const Json& value, std::string_view file, std::string path);
+
+    void Int(const char* key, std::int32_t& member);
+    void Int(const char* key, std::int32_t& member, std::int32_t /*leftOutAt*/) { Int(key, member); }
+    void NamedInt(const char* key, std::int32_t& member, NameOfNumber) {
+        Int(key, member);
+        named_.emplace_back(key);
+    }
+    void UInt(const char* key, std::uint32_t& member);
+    void UInt(const char* key, std::uint32_t& member, std::uint32_t /*leftOutAt*/) { UInt(key, member); }
+    void Text(const char* key, std::u16string& member);
+    void OptionalText(const char* key, std::u16string& member) { Text(key, member); }
+    void Date(const char* key, DateValue& member);
+    void Texts(const char* key, std::vector<std::u16string>& member);
+
+    /// A list of pairs, id and name, in the map's order of iteration.
+    void OptionalGroups(const char* key, HashMap<std::u16string>& member);
+
+    /// `visit` is called with a reader and a new item for each entry.
+    template <class T, class Visit>
+    void List(const char* key, std::vector<std::unique_ptr<T>>& member, Visit visit) {
+        ForEach(key, [&](JsonReader& entry) {
+            auto item = std::make_unique<T>();
+            visit(entry, *item);
+            member.push_back(std::move(item));
+        });
+    }
+
+    /// Whether the key is there; `visit` is called with a reader of its object then.
+    template <class Visit>
+    bool Object(const char* key, Visit visit) {
+        const Json* value = Take(key);
+        if (value == nullptr) return false;
+        JsonReader inner(*value, file_, Path(key));
+        visit(inner);
+        inner.Finish();
+        return true;
+    }
+
+    /// `visit` is called with a reader of each object in the list under the key.
+    template <class Visit>
+    void ForEach(const char* key, Visit visit) {
+        const Json* list = TakeList(key);
+        for (std::size_t i = 0; list != nullptr && i < list->size(); ++i) {
+            JsonReader entry((*list)[i], file_, Path(key) + "[" + std::to_string(i) + "]");
+            visit(entry);
+            entry.Finish();
+        }
+    }
+
+    /// Fails if the object has a key that nobody took.
+    void Finish() const;
+
+ private:
+    const Json* Take(const char* key);
+    const Json* TakeList(const char* key);
+    std::string Path(std::string_view key) const;
+    [[noreturn]] void Fail(std::string_view key, std::string_view reason) const;
+    std::int64_t Integer(const char* key, const Json& value, std::int64_t least, std::int64_t most) const;
+    std::u16string TextOf(const char* key, const Json& value) const;
+
+    const Json& object_;
+    std::string_view file_;
+    std::string path_;
+    std::vector<std::string_view> taken_;  // keys, which are literals of the Visit functions
+    std::vector<std::string_view> named_;  // keys beside which a name may stand
+};
+
+/// Puts values into one JSON object, with two blanks of indent.
+class JsonWriter {
+ public:
+    /// Writes behind `out`, whose last line is indented by `indent`. `replaced` counts the surrogate halves that JSON
+    /// can't tell.
+    JsonWriter(std::string& out, std::size_t indent, std::size_t& replaced);
+
+    void Int(const char* key, std::int32_t member) { Member(key, std::to_string(member)); }
+    void Int(const char* key, std::int32_t member, std::int32_t leftOutAt) {
+        if (member != leftOutAt) Int(key, member);
+    }
+    void NamedInt(const char* key, std::int32_t member, NameOfNumber nameOf);
+    void UInt(const char* key, std::uint32_t member) { Member(key, std::to_string(member)); }
+    void UInt(const char* key, std::uint32_t member, std::uint32_t leftOutAt) {
+        if (member != leftOutAt) UInt(key, member);
+    }
+    void Text(const char* key, const std::u16string& member) { Member(key, Quoted(member)); }
+    void OptionalText(const char* key, const std::u16string& member) {
+        if (!member.empty()) Text(key, member);
+    }
+    void Date(const char* key, const DateValue& member);
+    void Texts(const char* key, const std::vector<std::u16string>& member);
+    void OptionalGroups(const char* key, const HashMap<std::u16string>& member);
+
+    template <class T, class Visit>
+    void List(const char* key, const std::vector<std::unique_ptr<T>>& member, Visit visit) {
+        BeginList(key);
+        for (const auto& item : member)
+            if (item) Entry([&](JsonWriter& entry) { visit(entry, *item); });
+        EndList();
+    }
+
+    template <class Visit>
+    bool Object(const char* key, Visit visit) {
+        Key(key);
+        JsonWriter inner(out_, indent_ + 2, replaced_);
+        visit(inner);
+        inner.Finish();
+        return true;
+    }
+
+    void BeginList(const char* key);
+    template <class Visit>
+    void Entry(Visit visit) {
+        BeginEntry();
+        JsonWriter entry(out_, indent_ + 4, replaced_);
+        visit(entry);
+        entry.Finish();
+    }
+    void EndList();
+
+    /// Closes the object.
+    void Finish();
+
+ private:
+    void Key(const char* key);
+    void Member(const char* key, std::string_view value);
+    void BeginEntry();
+    std::string Quoted(std::u16string_view text);
+    void NewLine(std::size_t indent);
+
+    std::string& out_;
+    std::size_t indent_;
+    std::size_t& replaced_;
+    bool empty_ = true;
+    bool emptyList_ = true;
+};
+
+}  // namespace orvale

@@ -1,0 +1,121 @@
+#include "command/json/JsonDocument.h"
+
+#include <algorithm>
+#include <array>
+
+#include "command/CommandError.h"
+#include "command/FormatTable.h"
+
+namespace orvale {
+namespace {
+
+constexpr std::array kKinds{Kind::kContacts, Kind::kCalendar, Kind::kSms, Kind::kEmail};
+constexpr int kVersion = 1;
+
+}  // namespace
+
+JsonDocument::JsonDocument(const std::filesystem::path& path, std::string shownName)
+    : text_(path, std::move(shownName)) {
+    ReadHead();
+}
+
+void JsonDocument::ReadHead() {
+    text_.Expect('{');
+    if (!text_.TakeIf('}')) {
+        do {
+            const std::string key = TakeKey();
+            if (key == "records") {
+                if (!kind_) text_.Fail("\"kind\" has to stand before \"records\"");
+                text_.Expect('[');
+                inRecords_ = true;
+                return;
+            }
+            TakeHeadValue(key);
+        } while (text_.TakeIf(','));
+        text_.Expect('}');
+    }
+    if (!kind_) FailFile(text_.ShownName(), "kind", "the key is missing");
+    if (text_.Peek() != '\0') text_.Fail("something stands behind the document");
+}
+
+std::string JsonDocument::TakeKey() {
+    if (text_.Peek() != '"') text_.Fail("expected a key");
+    const Json key = TakeJson("");
+    text_.Expect(':');
+    const auto& name = key.get_ref<const std::string&>();
+    if (std::find(keys_.begin(), keys_.end(), name) != keys_.end())
+        FailFile(text_.ShownName(), Quote(name), "the key stands twice");
+    keys_.push_back(name);
+    return name;
+}
+
+void JsonDocument::TakeHeadValue(const std::string& key) {
+    if (key != "orvale" && key != "kind" && key != "profile") FailFile(text_.ShownName(), Quote(key), "unknown key");
+    const Json value = TakeJson(key);
+    if (key == "orvale") {
+        if (!value.is_number_integer() || value != kVersion)
+            FailFile(text_.ShownName(), key, "only documents of version 1 are known");
+    } else if (key == "kind") {
+        const auto found =
+            std::find_if(kKinds.begin(), kKinds.end(), [&](Kind kind) { return value == KindWord(kind); });
+        if (found == kKinds.end())
+            FailFile(text_.ShownName(), key, "no kind of data; contacts, calendar, sms and email are");
+        kind_ = *found;
+    } else if (!value.is_null()) {
+        if (!value.is_object()) FailFile(text_.ShownName(), key, "expected an object or null");
+        profile_ = value;
+    }
+}
+
+std::optional<Json> JsonDocument::NextValue() {
+    if (!inRecords_) return std::nullopt;
+    if (count_ == 0 ? text_.TakeIf(']') : !text_.TakeIf(',')) {
+        if (count_ != 0) text_.Expect(']');
+        ReadTail();
+        return std::nullopt;
+    }
+    ++count_;
+    return TakeJson(Place());
+}
+
+void JsonDocument::ReadTail() {
+    inRecords_ = false;
+    while (text_.TakeIf(',')) {
+        const std::string key = TakeKey();
+        if (key == "orvale" || key == "kind" || key == "profile")
+            FailFile(text_.ShownName(), key, "has to stand before \"records\"");
+        FailFile(text_.ShownName(), Quote(key), "unknown key");
+    }
+    text_.Expect('}');
+    if (text_.Peek() != '\0') text_.Fail("something stands behind the document");
+}
+
+Json JsonDocument::TakeJson(std::string_view place) {
+    text_.Peek();
+    const std::size_t line = text_.Line();
+    return ParseJson(text_.TakeValue(), text_.ShownName(), place, line);
+}
+
+JsonDocumentWriter::JsonDocumentWriter(std::ostream& out, Kind kind) : out_(out) {
+    buffer_ = "{\n  \"orvale\": 1,\n  \"kind\": \"";
+    buffer_ += KindWord(kind);
+    buffer_ += "\",\n  \"profile\": null,\n  \"records\": [";
+    Flush();
+}
+
+void JsonDocumentWriter::Separate() {
+    buffer_ += empty_ ? "\n    " : ",\n    ";
+    empty_ = false;
+}
+
+void JsonDocumentWriter::Finish() {
+    buffer_ += empty_ ? "]\n}\n" : "\n  ]\n}\n";
+    Flush();
+}
+
+void JsonDocumentWriter::Flush() {
+    out_.write(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
+    buffer_.clear();
+}
+
+}  // namespace orvale

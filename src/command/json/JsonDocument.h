@@ -1,0 +1,81 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <ostream>
+#include <string>
+
+#include "command/json/JsonArchive.h"
+#include "command/json/JsonText.h"
+#include "host/Formats.h"
+
+namespace orvale {
+
+/// The JSON document, read as a stream: what stands before the records at once, then one record after the other.
+class JsonDocument {
+ public:
+    JsonDocument(const std::filesystem::path& path, std::string shownName);
+
+    Kind GetKind() const { return *kind_; }
+
+    /// The profile as it stands in the document; none if it is null or missing.
+    const std::optional<Json>& Profile() const { return profile_; }
+
+    /// Fills a record from the next one of the document. False at the end.
+    template <class Record>
+    bool Next(Record& record) {
+        const std::optional<Json> value = NextValue();
+        if (!value) return false;
+        JsonReader reader(*value, text_.ShownName(), Place());
+        VisitJson(reader, record);
+        reader.Finish();
+        return true;
+    }
+
+ private:
+    void ReadHead();
+    std::string TakeKey();
+    void TakeHeadValue(const std::string& key);
+    std::optional<Json> NextValue();
+    void ReadTail();
+    std::string Place() const { return "records[" + std::to_string(count_ - 1) + "]"; }
+    Json TakeJson(std::string_view place);
+
+    JsonText text_;
+    std::optional<Kind> kind_;
+    std::optional<Json> profile_;
+    std::vector<std::string> keys_;
+    bool inRecords_ = false;
+    std::size_t count_ = 0;
+};
+
+/// Writes the JSON document as a stream. Finish ends it; a failure of the stream is the caller's to look for.
+class JsonDocumentWriter {
+ public:
+    JsonDocumentWriter(std::ostream& out, Kind kind);
+
+    template <class Record>
+    void Put(const Record& record) {
+        Separate();
+        JsonWriter writer(buffer_, 4, replaced_);
+        VisitJson(writer, record);
+        writer.Finish();
+        Flush();
+    }
+
+    void Finish();
+
+    /// How many surrogate halves that stand alone became U+FFFD.
+    std::size_t Replaced() const { return replaced_; }
+
+ private:
+    void Separate();
+    void Flush();
+
+    std::ostream& out_;
+    std::string buffer_;
+    std::size_t replaced_ = 0;
+    bool empty_ = true;
+};
+
+}  // namespace orvale

@@ -1,0 +1,102 @@
+#include "command/json/JsonValue.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "command/CommandError.h"
+
+namespace orvale {
+namespace {
+
+// Builds the value as the parser tells of it, and keeps the path to where it stands.
+class Builder : public nlohmann::json_sax<Json> {
+ public:
+    Builder(std::string_view text, std::string_view file, std::string_view place, std::size_t firstLine)
+        : text_(text), file_(file), place_(place), firstLine_(firstLine) {}
+
+    bool null() override { return Put(nullptr); }
+    bool boolean(bool value) override { return Put(value); }
+    bool number_integer(number_integer_t value) override { return Put(value); }
+    bool number_unsigned(number_unsigned_t value) override { return Put(value); }
+    bool number_float(number_float_t value, const string_t&) override { return Put(value); }
+    bool string(string_t& value) override { return Put(std::move(value)); }
+    bool binary(binary_t&) override { return false; }
+    bool start_object(std::size_t) override { return Open(Json::object()); }
+    bool end_object() override { return Close(); }
+    bool start_array(std::size_t) override { return Open(Json::array()); }
+    bool end_array() override { return Close(); }
+
+    bool key(string_t& name) override {
+        Json& object = *open_.back();
+        key_ = name;
+        if (object.contains(name)) FailFile(file_, PathOf(), "the key stands twice");
+        return true;
+    }
+
+    bool parse_error(std::size_t position, const std::string&, const nlohmann::detail::exception&) override {
+        const std::string_view before = text_.substr(0, position);
+        const auto line = firstLine_ + static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n'));
+        FailFile(file_, "line " + std::to_string(line), "no JSON here");
+    }
+
+    Json Take() { return std::move(root_); }
+
+ private:
+    template <class Value>
+    bool Put(Value&& value) {
+        Add(Json(std::forward<Value>(value)));
+        return true;
+    }
+
+    Json& Add(Json value) {
+        if (open_.empty()) return root_ = std::move(value);
+        if (open_.back()->is_array()) {
+            open_.back()->push_back(std::move(value));
+            return open_.back()->back();
+        }
+        return (*open_.back())[key_] = std::move(value);
+    }
+
+    bool Open(Json value) {
+        if (!open_.empty()) path_.push_back(LastStep());
+        open_.push_back(&Add(std::move(value)));
+        return true;
+    }
+
+    bool Close() {
+        open_.pop_back();
+        if (!path_.empty()) path_.pop_back();
+        return true;
+    }
+
+    std::string LastStep() const {
+        if (open_.back()->is_array()) return "[" + std::to_string(open_.back()->size()) + "]";
+        return "." + key_;
+    }
+
+    std::string PathOf() const {
+        std::string path(place_);
+        for (const std::string& step : path_)
+            path += step;
+        return path + LastStep();
+    }
+
+    std::string_view text_;
+    std::string_view file_;
+    std::string_view place_;
+    std::size_t firstLine_;
+    Json root_;
+    std::vector<Json*> open_;
+    std::vector<std::string> path_;
+    std::string key_;
+};
+
+}  // namespace
+
+Json ParseJson(std::string_view text, std::string_view file, std::string_view place, std::size_t firstLine) {
+    Builder builder(text, file, place, firstLine);
+    Json::sax_parse(text, &builder);
+    return builder.Take();
+}
+
+}  // namespace orvale

@@ -1,0 +1,5 @@
+#include "command/Commands.h"
+
+int main(int count, char** words) {
+    return orvale::Main(count, words);
+}

@@ -1,0 +1,60 @@
+#include "command/show/RecordPrinter.h"
+#include "platform/Format.h"
+
+namespace orvale {
+namespace {
+
+std::u16string TextOf(const CContactItem& contact, std::int32_t type) {
+    std::int32_t index = 0;
+    const CContactField* const field = contact.FindField(type, index);
+    return field != nullptr ? field->Data : std::u16string();
+}
+
+// The full name, else the other names in the order in which they are said; else the first value that there is.
+std::u16string TitleOf(const CContactItem& contact) {
+    if (std::u16string full = TextOf(contact, CF_FULL_NAME); !full.empty()) return full;
+    std::u16string title;
+    for (const std::int32_t type :
+         {CF_NAME_PREFIX, CF_GIVEN_NAME, CF_MIDDLE_NAME, CF_FAMILY_NAME, CF_NAME_4, CF_NAME_SUFFIX}) {
+        const std::u16string part = TextOf(contact, type);
+        if (!part.empty() && !title.empty()) title += u' ';
+        title += part;
+    }
+    for (const auto& field : contact.fields)
+        if (title.empty() && field) title = field->Data;
+    return title.empty() ? u"(no name)" : title;
+}
+
+std::u16string GroupsOf(const CContactItem& contact) {
+    std::u16string groups;
+    for (const auto& field : contact.fields) {
+        if (!field) continue;
+        for (const auto& group : field->groups) {
+            if (!groups.empty()) groups += u", ";
+            groups += group.value.empty() ? Format(u"group %d", group.key) : group.value;
+        }
+    }
+    return groups;
+}
+
+}  // namespace
+
+void RecordPrinter<CContactItem>::Print(const CContactItem& contact) {
+    if (count_++ != 0) screen_.EndLine();
+    const std::u16string title = TitleOf(contact);
+    screen_.Put(title, Screen::Style::kTitle);
+    if (const std::u16string groups = GroupsOf(contact); !groups.empty()) {
+        screen_.Put("  ");
+        screen_.Put(u"[" + groups + u"]", Screen::Style::kQuiet);
+    }
+    screen_.EndLine();
+    if (contact.Storage != 0) screen_.Row("storage", Format(u"%d", contact.Storage));
+    for (const auto& field : contact.fields) {
+        if (!field || (field->Type == CF_FULL_NAME && (field->Data == title || field->Data.empty()))) continue;
+        screen_.Row(ContactFieldCaption(field->Type), field->Data);
+        if (field->extraNumber != 0 || !field->extraText.empty())
+            screen_.Row("", Format(u"(%u %s)", field->extraNumber, field->extraText));
+    }
+}
+
+}  // namespace orvale

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <string_view>
+
+namespace orvale {
+
+/// When a listing is coloured.
+enum class ColorMode { kAuto, kAlways, kNever };
+
+/// Whether standard output gets colours: as told, else only on a terminal and without NO_COLOR in the environment.
+bool UseColor(ColorMode mode);
+
+/// Text as UTF-8 with what could steer a terminal made visible: control characters of both sets, line and paragraph
+/// separators and the marks that turn the writing direction around, as "^[" or "<U+202E>". A tab is a blank.
+std::string Visible(std::u16string_view text);
+
+/// Where a listing goes: the styles of its parts, and lines that align.
+class Screen {
+ public:
+    Screen(std::ostream& out, bool color) : out_(out), color_(color) {}
+
+    enum class Style { kPlain, kTitle, kLabel, kQuiet };
+
+    /// A piece of text without a line end.
+    void Put(std::string_view text, Style style = Style::kPlain);
+    void Put(std::u16string_view text, Style style = Style::kPlain) { Put(std::string_view(Visible(text)), style); }
+    void EndLine() { out_ << '\n'; }
+
+    /// A label, padded to a column, and a value; a value of several lines goes on in that column.
+    void Row(std::string_view label, std::u16string_view value);
+
+    /// A text padded to a width on the terminal, or cut to it with an ellipsis: wide characters take two columns.
+    static std::string Fit(std::u16string_view text, std::size_t width);
+
+ private:
+    std::ostream& out_;
+    bool color_;
+};
+
+}  // namespace orvale

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <string_view>
+
+#include "frame/FileInterface.h"
+#include "records/GeneralSyncData.h"
+
+namespace orvale {
+
+/// The four kinds of data.
+enum class Kind { kContacts, kCalendar, kSms, kEmail };
+
+/// The formats of the module; the values are the numbers by which it creates them.
+enum class FileFormat : FileType {
+    kQzs = 0,
+    kVCard = 3,
+};
+
+/// What a format is like.
+struct FormatInfo {
+    FileFormat format;
+    std::string_view name;  ///< by which a person names it
+    Kind kind;
+    std::string_view extension;  ///< with its dot
+    bool writes;                 ///< all are read
+
+    /// Whether a file that begins so may be one of this format; `size` is that of the whole file.
+    bool (*looksLike)(std::string_view head, std::uint64_t size);
+};
+
+/// All formats, in the order of their numbers.
+std::span<const FormatInfo> AllFormats();
+
+/// The row of a format.
+const FormatInfo& Info(FileFormat format);
+
+/// The row of a name, or null.
+const FormatInfo* FindFormat(std::string_view name);
+
+/// The format that the file's content tells, or null. A file that can't be read tells none.
+const FormatInfo* DetectByContent(const std::filesystem::path& path);
+
+/// The first bytes of a file, as many as detection looks at; none if it can't be read.
+std::optional<std::string> ReadHead(const std::filesystem::path& path);
+
+}  // namespace orvale

@@ -1,0 +1,116 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <iterator>
+#include <system_error>
+
+#include "host/Formats.h"
+#include "host/LoadedLibrary.h"
+
+namespace orvale {
+
+/// What the file object takes as records of each kind.
+template <class Record>
+struct RecordKind;
+template <>
+struct RecordKind<CContactItem> {
+    static constexpr Kind kKind = Kind::kContacts;
+};
+
+enum class OpenMode {
+    kRead,
+    kCreate,  ///< made where it is missing, else emptied
+};
+
+/// A file of records: a file object of the module with a typed face, closed and released with this object. The slots'
+/// results come back as bool; only Open throws, since there is more to tell.
+class RecordFile {
+ public:
+    /// Throws std::runtime_error where the module doesn't have the format. The library must outlive the file.
+    RecordFile(const LoadedLibrary& library, FileFormat format);
+
+    /// Opens a file. Throws std::system_error with the system's reason, where it has one; a file that opens as bytes
+    /// and yet not as this format fails with std::errc::invalid_argument.
+    void Open(const std::filesystem::path& path, OpenMode mode);
+
+    FileFormat Format() const { return format_; }
+    std::int32_t FileVersion() { return object_->GetFileVersion(); }
+    bool ReadHeader() { return object_->ReadFileHeader() != 0; }
+    bool WriteHeader() { return object_->WriteFileHeader() != 0; }
+
+    /// A VerifyCode, or another number that a later module gives.
+    std::int32_t Verify() { return object_->Verify(); }
+
+    /// The next record, or null at the end or at a damaged one. It is the file's own: good until the next Read or
+    /// Close.
+    template <class Record>
+    const Record* Read() {
+        Check(RecordKind<Record>::kKind);
+        void* record = nullptr;
+        return object_->Read(&record) != 0 ? static_cast<const Record*>(record) : nullptr;
+    }
+
+    template <class Record>
+    bool Write(const Record& record) {
+        Check(RecordKind<Record>::kKind);
+        return object_->Write(&record) != 0;
+    }
+
+    /// Where the next record begins, and how long the file is; 0 for a format that holds no file open.
+    std::uint64_t Position() const;
+    std::uint64_t Length() const;
+
+    void Close() { object_->Close(); }
+
+    /// The slots themselves, for what has no typed face here.
+    CFileInterface& Slots() { return *object_; }
+
+    /// The records from here on, as an input range: `for (const CContactItem& contact : file.Records<CContactItem>())`.
+    template <class Record>
+    class Range {
+     public:
+        class Iterator {
+         public:
+            using iterator_category = std::input_iterator_tag;
+            using value_type = Record;
+            using difference_type = std::ptrdiff_t;
+            using pointer = const Record*;
+            using reference = const Record&;
+
+            explicit Iterator(RecordFile* file) : file_(file) { ++*this; }
+            reference operator*() const { return *record_; }
+            pointer operator->() const { return record_; }
+            Iterator& operator++() {
+                record_ = file_->Read<Record>();
+                return *this;
+            }
+            void operator++(int) { ++*this; }
+            bool operator==(std::default_sentinel_t) const { return record_ == nullptr; }
+
+         private:
+            RecordFile* file_;
+            const Record* record_ = nullptr;
+        };
+
+        explicit Range(RecordFile& file) : file_(&file) {}
+        Iterator begin() const { return Iterator(file_); }
+        std::default_sentinel_t end() const { return {}; }
+
+     private:
+        RecordFile* file_;
+    };
+
+    template <class Record>
+    Range<Record> Records() {
+        return Range<Record>(*this);
+    }
+
+ private:
+    void Check(Kind kind) const;
+
+    FileFormat format_;
+    LoadedLibrary::Object object_;
+};
+
+}  // namespace orvale
