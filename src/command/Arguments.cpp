@@ -58,9 +58,14 @@ std::string Overview() {
            "failed, 2 when the command line can't be acted on, 3 when --strict met a loss.\n";
 }
 
+ColorMode ColorOf(const std::string& word) {
+    if (word == "auto") return ColorMode::kAuto;
+    if (word == "always") return ColorMode::kAlways;
+    if (word == "never") return ColorMode::kNever;
+    FailUsage("--color takes auto, always or never, not '" + Quote(word) + "'");
+}
+
 void AddOptions(CLI::App& app, Arguments& arguments, int& codePage) {
-    static const std::map<std::string, ColorMode> kColors{
-        {"auto", ColorMode::kAuto}, {"always", ColorMode::kAlways}, {"never", ColorMode::kNever}};
     app.add_option("--module", arguments.module, "the module to work with, in place of the one beside the command")
         ->type_name("PATH");
     if (arguments.verb == Verb::kFormats || arguments.verb == Verb::kInfo || arguments.verb == Verb::kShow)
@@ -72,8 +77,9 @@ void AddOptions(CLI::App& app, Arguments& arguments, int& codePage) {
         app.add_option("--codepage", codePage, "the code page of text in files, such as 1252 (65001 is UTF-8)")
             ->type_name("N");
     if (arguments.verb == Verb::kShow) {
-        app.add_option("--color", arguments.color, "when to use colours: auto, always or never")
-            ->transform(CLI::CheckedTransformer(kColors))
+        app.add_option_function<std::string>(
+               "--color", [&](const std::string& word) { arguments.color = ColorOf(word); },
+               "when to use colours: auto, always or never")
             ->type_name("WHEN");
     }
     if (arguments.verb != Verb::kConvert) return;

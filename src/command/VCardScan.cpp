@@ -25,14 +25,16 @@ bool TakeRawLine(std::streambuf& in, std::string& line) {
 
 }  // namespace
 
-VCardScan ScanVCard(const std::filesystem::path& path) {
+VCardScan ScanVCard(const std::filesystem::path& path, std::uint64_t end) {
     VCardScan scan;
     std::ifstream in(path, std::ios::binary);
     TextConverter converter;
     enum class Place { kOutside, kBeforeVersion, kInCard } place = Place::kOutside;
     std::string raw;
     bool hasValue = false;
-    for (std::size_t number = 1; in && TakeRawLine(*in.rdbuf(), raw); ++number) {
+    std::uint64_t offset = 0;
+    for (std::size_t number = 1; in && offset < end && TakeRawLine(*in.rdbuf(), raw); ++number) {
+        offset += raw.size();
         const std::size_t replaced = converter.Replaced();
         const std::u16string wide = converter.ToWide(raw);
         for (std::size_t i = replaced; i < converter.Replaced(); ++i)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 
 namespace orvale {
@@ -21,7 +22,8 @@ struct VCardScan {
     Finding badBytes;      ///< bytes that are no character of the code page
 };
 
-/// Scans a file up to its end, or to a line that no reader gets past. A file that can't be read has no findings.
-VCardScan ScanVCard(const std::filesystem::path& path);
+/// Scans a file up to an offset, its end, or a line that no reader gets past. A file that can't be read has no
+/// findings.
+VCardScan ScanVCard(const std::filesystem::path& path, std::uint64_t end);
 
 }  // namespace orvale

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <bit>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "command/json/JsonArchive.h"
+
+namespace orvale {
+
+/// Lines up all that a record says as one text, by its Visit function of the JSON document: two records say the same
+/// exactly when their texts are equal. Costs no memory for a text that is filled again and again.
+class FlatWriter {
+ public:
+    explicit FlatWriter(std::u16string& out) : out_(out) {}
+
+    void Int(const char*, std::int32_t member) { Number(static_cast<std::uint32_t>(member)); }
+    void Int(const char* key, std::int32_t member, std::int32_t) { Int(key, member); }
+    void NamedInt(const char* key, std::int32_t member, NameOfNumber) { Int(key, member); }
+    void UInt(const char*, std::uint32_t member) { Number(member); }
+    void UInt(const char* key, std::uint32_t member, std::uint32_t) { UInt(key, member); }
+    void Date(const char*, const DateValue& member) {
+        const auto bits = std::bit_cast<std::uint64_t>(member.Value());
+        Number(static_cast<std::uint32_t>(bits >> 32));
+        Number(static_cast<std::uint32_t>(bits));
+    }
+    void Text(const char*, const std::u16string& member) {
+        Number(static_cast<std::uint32_t>(member.size()));
+        out_ += member;
+    }
+    void OptionalText(const char* key, const std::u16string& member) { Text(key, member); }
+    void Texts(const char* key, const std::vector<std::u16string>& member) {
+        Number(static_cast<std::uint32_t>(member.size()));
+        for (const std::u16string& text : member)
+            Text(key, text);
+    }
+    void OptionalGroups(const char* key, const HashMap<std::u16string>& member) {
+        Number(static_cast<std::uint32_t>(member.size()));
+        for (const auto& pair : member) {
+            Int(key, pair.key);
+            Text(key, pair.value);
+        }
+    }
+    template <class T, class Visit>
+    void List(const char*, const std::vector<std::unique_ptr<T>>& member, Visit visit) {
+        Number(static_cast<std::uint32_t>(member.size()));
+        for (const auto& item : member)
+            if (item) visit(*this, *item);
+    }
+
+ private:
+    void Number(std::uint32_t number) {
+        out_ += static_cast<char16_t>(number >> 16);
+        out_ += static_cast<char16_t>(number);
+    }
+
+    std::u16string& out_;
+};
+
+/// Puts the record's text in place of what `out` held.
+template <class Record>
+void Flatten(const Record& record, std::u16string& out) {
+    out.clear();
+    FlatWriter writer(out);
+    VisitJson(writer, record);
+}
+
+}  // namespace orvale
