@@ -118,7 +118,7 @@ std::optional<std::uint32_t> ReadRegistryNumber(std::u16string_view key, std::u1
 }
 
 void WriteRegistryNumber(std::u16string_view key, std::u16string_view valueName, std::uint32_t number) {
-    const std::filesystem::path path = RegistryPath();
+    const std::filesystem::path path = std::filesystem::absolute(RegistryPath());
     std::vector<std::u16string> lines = ReadLines(path.string());
     std::u16string line = u"\"";
     line += Replace(Replace(valueName, u"\\", u"\\\\"), u"\"", u"\\\"");

@@ -1,0 +1,16 @@
+#include "command/Program.h"
+
+#include <sys/wait.h>
+
+#include <cstdlib>
+
+namespace orvale::test {
+
+Outcome RunOrvale(const ScratchFolder& folder, const std::string& words, const std::string& before) {
+    const std::string line = "cd '" + (folder / "").string() + "' && export LC_ALL=C.UTF-8 && unset ORVALE_CODEPAGE; " +
+                             before + " '" ORVALE_COMMAND "' " + words + " >.output 2>.errors";
+    const int status = std::system(line.c_str());
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, folder.Get(".output"), folder.Get(".errors")};
+}
+
+}  // namespace orvale::test
