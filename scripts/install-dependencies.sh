@@ -1,0 +1,50 @@
+#!/usr/bin/env bash
+# Installs those of the packages needed that aren't there: what builds and tests Orvale and, with --checks, what the
+# further checks of .ci/run take. Does nothing, and needs no rights, where all are there.
+set -euo pipefail
+
+usage="usage: scripts/install-dependencies.sh [--checks]"
+packages=(
+    g++ cmake ninja-build pkg-config       # the build; pkg-config for the test of the installed package
+    libxml2-dev                            # the XML suites
+    libcli11-dev nlohmann-json3-dev        # the command
+    libgtest-dev libgmock-dev tzdata       # the tests, some of which work in named time zones
+    libbenchmark-dev                       # the benchmarks
+)
+case "$#:${1-}" in
+    0:) ;;
+    1:--checks) packages+=(clang clang-format clang-tidy) ;;
+    1:-h | 1:--help) echo "$usage"; exit 0 ;;
+    *) echo "$usage" >&2; exit 2 ;;
+esac
+
+if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
+    echo "No apt-get on this system. What is needed, by the names of Debian's packages: ${packages[*]}" >&2
+    exit 0
+fi
+
+missing=()
+for package in "${packages[@]}"; do
+    status=$(dpkg-query --show --showformat='${db:Status-Status}' "$package" 2>/dev/null || true)
+    [[ $status == installed* ]] || missing+=("$package")
+done
+if ((${#missing[@]} == 0)); then exit 0; fi
+
+as_root=(env DEBIAN_FRONTEND=noninteractive)
+if ((EUID != 0)); then
+    if ! command -v sudo >/dev/null; then
+        echo "These packages are missing, and only root can install them: ${missing[*]}" >&2
+        exit 1
+    fi
+    as_root=(sudo "${as_root[@]}")
+fi
+echo "Installing ${missing[*]}"
+apt=("${as_root[@]}" apt-get -qq -o DPkg::Lock::Timeout=120 -o Dpkg::Use-Pty=0)
+"${apt[@]}" update || echo "The package lists could not be renewed; going on with those that are here." >&2
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+if ! "${apt[@]}" install -y --no-install-recommends "${missing[@]}" >"$log" 2>&1; then
+    cat "$log" >&2
+    echo "The packages could not be installed." >&2
+    exit 1
+fi
