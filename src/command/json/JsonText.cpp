@@ -1,5 +1,6 @@
 #include "command/json/JsonText.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -27,13 +28,19 @@ JsonText::JsonText(const std::filesystem::path& path, std::string shownName) : s
     }
 }
 
-int JsonText::Look() {
-    return in_.peek();
+bool JsonText::Fill() {
+    constexpr std::size_t kReadAhead = 64 * 1024;
+    buffer_.resize(kReadAhead);
+    in_.read(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
+    buffer_.resize(static_cast<std::size_t>(in_.gcount()));
+    start_ = 0;
+    return !buffer_.empty();
 }
 
 char JsonText::Take() {
-    const int c = in_.get();
-    if (c == std::ifstream::traits_type::eof()) Fail("the document ends too early");
+    const int c = Look();
+    if (c == kNothing) Fail("the document ends too early");
+    ++start_;
     if (c == '\n') ++line_;
     return static_cast<char>(c);
 }
@@ -42,7 +49,7 @@ char JsonText::Peek() {
     while (IsSpaceByte(Look()))
         Take();
     const int c = Look();
-    return c == std::ifstream::traits_type::eof() ? '\0' : static_cast<char>(c);
+    return c == kNothing ? '\0' : static_cast<char>(c);
 }
 
 bool JsonText::TakeIf(char wanted) {
@@ -53,25 +60,36 @@ bool JsonText::TakeIf(char wanted) {
 
 void JsonText::Expect(char wanted) {
     if (TakeIf(wanted)) return;
-    if (Look() == std::ifstream::traits_type::eof()) Fail("the document ends too early");
+    if (Look() == kNothing) Fail("the document ends too early");
     Fail(std::string("expected '") + wanted + "'");
+}
+
+// Takes the rest of a string behind its opening quote, a buffer's worth at a time.
+void JsonText::TakeString(std::string& text) {
+    for (char c = 0; c != '"';) {
+        if (Look() == kNothing) Fail("the document ends too early");
+        const std::size_t end = std::min(buffer_.find_first_of("\"\\\n", start_), buffer_.size());
+        text.append(buffer_, start_, end - start_);
+        start_ = end;
+        if (start_ == buffer_.size()) continue;
+        c = Take();
+        text.push_back(c);
+        if (c == '\\') {
+            text.push_back(Take());  // a quote among them doesn't end the string
+            c = 0;
+        }
+    }
 }
 
 std::string JsonText::TakeValue() {
     std::string text;
     std::size_t depth = 0;
-    bool inString = false;
     Peek();
-    do {
+    for (;;) {
         const char c = Take();
         text.push_back(c);
-        if (inString) {
-            if (c == '\\')
-                text.push_back(Take());
-            else if (c == '"')
-                inString = false;
-        } else if (c == '"') {
-            inString = true;
+        if (c == '"') {
+            TakeString(text);
         } else if (c == '{' || c == '[') {
             if (++depth > kDeepest) Fail("nested too deeply");
         } else if (c == '}' || c == ']') {
@@ -80,10 +98,10 @@ std::string JsonText::TakeValue() {
         }
         const int next = Look();
         // A number or a word ends where something else begins; all other values end by themselves.
-        const bool wordGoesOn = next != std::ifstream::traits_type::eof() && !IsSpaceByte(next) &&
-                                std::strchr(",:{}[]\"", next) == nullptr && c != '"' && c != '}' && c != ']';
-        if (!inString && depth == 0 && !wordGoesOn) return text;
-    } while (true);
+        const bool wordGoesOn = next != kNothing && !IsSpaceByte(next) && std::strchr(",:{}[]\"", next) == nullptr &&
+                                c != '"' && c != '}' && c != ']';
+        if (depth == 0 && !wordGoesOn) return text;
+    }
 }
 
 void JsonText::Fail(std::string_view reason) const {

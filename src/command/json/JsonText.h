@@ -34,11 +34,17 @@ class JsonText {
     const std::string& ShownName() const { return shownName_; }
 
  private:
-    int Look();
+    static constexpr int kNothing = -1;  // the end of the file
+
+    int Look() { return start_ < buffer_.size() || Fill() ? static_cast<unsigned char>(buffer_[start_]) : kNothing; }
     char Take();
+    bool Fill();
+    void TakeString(std::string& text);
 
     std::string shownName_;
     std::ifstream in_;
+    std::string buffer_;  // what was read ahead
+    std::size_t start_ = 0;
     std::size_t line_ = 1;
 };
 
