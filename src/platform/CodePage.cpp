@@ -16,7 +16,7 @@ namespace {
 
 constexpr CodePage kUtf8{65001, "UTF-8", nullptr};
 
-// Number, iconv's name, the locales' name. All are supersets of ASCII and keep no state between characters.
+// Number, iconv's name, the locales' name. All are supersets of ASCII, and their bytes have no shift states.
 constexpr CodePage kPages[] = {
     kUtf8,
     {437, "CP437", nullptr},
@@ -169,7 +169,8 @@ std::string TextConverter::ToNarrow(std::u16string_view text) {
 
 std::u16string TextConverter::ToWide(std::string_view bytes) {
     bytes = bytes.substr(0, bytes.find('\0'));
-    const std::size_t ascii = AsciiPrefix(bytes);
+    std::size_t ascii = AsciiPrefix(bytes);
+    if (ascii != 0 && ascii < bytes.size()) --ascii;  // the letter under what may be an accent that joins it
     std::u16string out(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(ascii));
     bytes.remove_prefix(ascii);
     if (bytes.empty()) return out;
@@ -177,13 +178,21 @@ std::u16string TextConverter::ToWide(std::string_view bytes) {
     void* const handle = wide_.Handle(kWideName, page_.iconvName);
     auto* from = const_cast<char*>(bytes.data());
     std::size_t left = bytes.size();
-    char16_t buffer[1024];
-    for (bool more = true; more;) {
+    bool more = true;
+    const auto step = [&](std::size_t& count) {
+        char16_t buffer[1024];
         char* to = reinterpret_cast<char*>(buffer);
         std::size_t room = sizeof buffer;
-        const int error = Step(handle, from, left, to, room, more);
+        const int error = Step(handle, from, count, to, room, more);
         out.append(buffer, (sizeof buffer - room) / sizeof(char16_t));
+        return error;
+    };
+    while (more) {
+        const int error = step(left);
         if (error == 0 || error == E2BIG) continue;
+        std::size_t none = 0;
+        step(none);  // what the conversion still holds comes first
+        more = true;
         ++from;  // a byte that is no character, or the first of one that is cut off
         --left;
         out.push_back(u'\xFFFD');
