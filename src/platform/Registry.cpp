@@ -14,34 +14,47 @@ namespace {
 // More than any hand or program writes here; what is larger is no registry file.
 constexpr std::uint64_t kLargest = 1024 * 1024;
 
-std::vector<std::u16string> ReadLines(const std::string& path) {
-    std::vector<std::u16string> lines;
+// The bytes of the registry file; none where there is no file. Throws where it is there and can't be read.
+std::string ReadBytes(const std::string& path) {
     CFile file;
-    if (file.Open(FromUtf8(path).c_str(), CFile::kModeRead, nullptr) == 0) return lines;
+    std::error_code error;
+    if (file.Open(FromUtf8(path).c_str(), CFile::kModeRead, &error) == 0) {
+        if (error == std::errc::no_such_file_or_directory) return {};
+        throw std::system_error(error, path);
+    }
     const std::uint64_t length = file.GetLength();
-    if (length > kLargest) return lines;
+    if (length > kLargest) throw std::system_error(std::make_error_code(std::errc::file_too_large), path);
     std::string bytes(length, '\0');
     bytes.resize(file.Read(bytes.data(), static_cast<std::uint32_t>(bytes.size())));
-    std::u16string text = FromUtf8(bytes);
-    if (!text.empty() && text.front() == 0xFEFF) text.erase(0, 1);
-    for (std::size_t start = 0; start < text.size();) {
-        const std::size_t end = std::min(text.find(u'\n', start), text.size());
-        lines.emplace_back(Trim(std::u16string_view(text).substr(start, end - start)));
-        start = end + 1;
+    return bytes;
+}
+
+// The lines of a text, without their line ends and the mark that may stand before the first.
+std::vector<std::u16string> LinesOf(std::u16string_view text) {
+    std::vector<std::u16string> lines;
+    if (!text.empty() && text.front() == 0xFEFF) text.remove_prefix(1);
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find(u'\n'), text.size());
+        const bool hasReturn = end > 0 && text[end - 1] == u'\r';
+        lines.emplace_back(text.substr(0, end - hasReturn));
+        text.remove_prefix(std::min(end + 1, text.size()));
     }
     return lines;
 }
 
 bool IsKeyLine(std::u16string_view line) {
+    line = Trim(line);
     return line.size() >= 2 && line.front() == u'[' && line.back() == u']';
 }
 
 bool IsLineOfKey(std::u16string_view line, std::u16string_view key) {
+    line = Trim(line);
     return IsKeyLine(line) && EqualsNoCase(line.substr(1, line.size() - 2), key);
 }
 
 // The data behind `"name"=` of a value line; none if the line holds another value or none.
 std::optional<std::u16string_view> DataOfValue(std::u16string_view line, std::u16string_view valueName) {
+    line = Trim(line);
     if (line.empty() || line.front() != u'"') return std::nullopt;
     std::u16string name;
     std::size_t i = 1;
@@ -78,7 +91,7 @@ std::optional<std::uint32_t> ParseNumber(std::u16string_view data) {
     std::u16string_view rest = Trim(data.substr(colon + 1));
     if (EqualsNoCase(type, u"dword")) return HexNumber(rest, 8);
     // hex: and hex(type): four bytes, the lowest first.
-    if (!EqualsNoCase(type.substr(0, 3), u"hex")) return std::nullopt;
+    if (!EqualsNoCase(type.substr(0, std::min(type.find(u'('), type.size())), u"hex")) return std::nullopt;
     std::uint32_t number = 0;
     for (unsigned shift = 0; shift < 32; shift += 8) {
         const std::size_t comma = std::min(rest.find(u','), rest.size());
@@ -107,7 +120,7 @@ std::string RegistryPath() {
 std::optional<std::uint32_t> ReadRegistryNumber(std::u16string_view key, std::u16string_view valueName) {
     try {
         bool inKey = false;
-        for (const std::u16string& line : ReadLines(RegistryPath())) {
+        for (const std::u16string& line : LinesOf(FromUtf8(ReadBytes(RegistryPath())))) {
             if (IsKeyLine(line)) inKey = IsLineOfKey(line, key);
             if (!inKey) continue;
             if (const auto data = DataOfValue(line, valueName)) return ParseNumber(*data);
@@ -118,8 +131,13 @@ std::optional<std::uint32_t> ReadRegistryNumber(std::u16string_view key, std::u1
 }
 
 void WriteRegistryNumber(std::u16string_view key, std::u16string_view valueName, std::uint32_t number) {
+    if (RegistryPath().empty()) throw std::system_error(std::make_error_code(std::errc::no_such_file_or_directory), "registry");
     const std::filesystem::path path = std::filesystem::absolute(RegistryPath());
-    std::vector<std::u16string> lines = ReadLines(path.string());
+    const std::string bytes = ReadBytes(path.string());
+    const std::u16string text = FromUtf8(bytes);
+    // Another encoding's lines could not be put back as they were.
+    if (ToUtf8(text) != bytes) throw std::system_error(std::make_error_code(std::errc::illegal_byte_sequence), path);
+    std::vector<std::u16string> lines = LinesOf(text);
     std::u16string line = u"\"";
     line += Replace(Replace(valueName, u"\\", u"\\\\"), u"\"", u"\\\"");
     line += u"\"=dword:";
@@ -132,7 +150,7 @@ void WriteRegistryNumber(std::u16string_view key, std::u16string_view valueName,
     for (std::size_t i = 0; i < lines.size() && !replaced; ++i) {
         if (IsKeyLine(lines[i])) inKey = IsLineOfKey(lines[i], key);
         if (!inKey) continue;
-        if (!lines[i].empty()) place = i + 1;
+        if (!Trim(lines[i]).empty()) place = i + 1;
         replaced = DataOfValue(lines[i], valueName).has_value();
         if (replaced) lines[i] = line;
     }
@@ -147,7 +165,8 @@ void WriteRegistryNumber(std::u16string_view key, std::u16string_view valueName,
     }
 
     // Beside the file and renamed over it, so that a full disk leaves the old one.
-    std::filesystem::create_directories(path.parent_path());
+    if (std::filesystem::is_symlink(path)) path = std::filesystem::canonical(path);
+    if (path.has_parent_path()) std::filesystem::create_directories(path.parent_path());
     const std::filesystem::path beside = path.string() + ".new";
     std::ofstream out(beside, std::ios::binary | std::ios::trunc);
     for (const std::u16string& each : lines)
