@@ -14,7 +14,7 @@ namespace {
 constexpr int kSecondsPerDay = 24 * 60 * 60;
 
 // Days since 1 January 1970 of a civil date and back, for any year (Howard Hinnant's date algorithms).
-std::int64_t DaysFromCivil(int year, int month, int day) {
+constexpr std::int64_t DaysFromCivil(int year, int month, int day) {
     year -= month <= 2;
     const std::int64_t era = (year >= 0 ? year : year - 399) / 400;
     const auto yearOfEra = static_cast<unsigned>(year - era * 400);
@@ -35,7 +35,7 @@ CalendarFields CivilFromDays(std::int64_t days) {
     return {year, month, static_cast<int>(dayOfYear - (153 * shifted + 2) / 5 + 1), 0, 0, 0};
 }
 
-const std::int64_t kDayZero = DaysFromCivil(1899, 12, 30);  // of an automation date
+constexpr std::int64_t kDayZero = DaysFromCivil(1899, 12, 30);  // of an automation date
 
 CalendarFields FromTm(const tm& parts) {
     return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday, parts.tm_hour, parts.tm_min, parts.tm_sec};
