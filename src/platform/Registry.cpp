@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/File.h"
+#include "platform/PendingFile.h"
 #include "platform/Text.h"
 
 namespace orvale {
@@ -164,20 +165,14 @@ void WriteRegistryNumber(std::u16string_view key, std::u16string_view valueName,
         lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(place), line);
     }
 
-    // Beside the file and renamed over it, so that a full disk leaves the old one.
-    if (std::filesystem::is_symlink(path)) path = std::filesystem::canonical(path);
     if (path.has_parent_path()) std::filesystem::create_directories(path.parent_path());
-    const std::filesystem::path beside = path.string() + ".new";
-    std::ofstream out(beside, std::ios::binary | std::ios::trunc);
+    PendingFile pending(path);
+    std::ofstream out(pending.Path(), std::ios::binary | std::ios::trunc);
     for (const std::u16string& each : lines)
         out << ToUtf8(each) << "\r\n";
     out.close();
-    if (!out) {
-        std::error_code ignored;
-        std::filesystem::remove(beside, ignored);
-        throw std::system_error(std::make_error_code(std::errc::io_error), beside.string());
-    }
-    std::filesystem::rename(beside, path);
+    if (!out) throw std::system_error(std::make_error_code(std::errc::io_error), path.string());
+    pending.Commit();
 }
 
 }  // namespace orvale

@@ -1,0 +1,183 @@
+#include "text/VCardFile.h"
+
+#include <gtest/gtest.h>
+
+#include "support/FileDriver.h"
+#include "support/Memory.h"
+
+using namespace orvale::test;
+
+namespace {
+
+using VCardDriver = FileDriver<CVCardFile, CContactItem>;
+using Cards = std::vector<std::string>;
+
+// The cases' lines end in LF for reading; the files' end in CR LF.
+std::string WithLineEnds(std::string_view text) {
+    std::string lines;
+    for (const char byte : text)
+        lines += byte == '\n' ? "\r\n" : std::string(1, byte);
+    return lines;
+}
+
+std::string Card(std::string_view lines) {
+    return WithLineEnds("BEGIN:VCARD\nVERSION:2.1\n" + std::string(lines) + "END:VCARD\n");
+}
+
+class VCardReader : public testing::Test {
+ protected:
+    /// The values of the cards that come, up to the first 0.
+    Cards ReadAll(std::string_view bytes) const {
+        folder_.Put("file.vcf", bytes);
+        VCardDriver file(path_);
+        Cards cards;
+        while (const CContactItem* contact = file.Next())
+            cards.push_back(ValuesOf(*contact));
+        return cards;
+    }
+
+    const ScratchFolder folder_;
+    const std::u16string path_ = folder_.Name("file.vcf");
+};
+
+}  // namespace
+
+TEST_F(VCardReader, LinesToValues) {
+    const std::string_view cases[][2] = {
+        {"", "5="},
+        {"N:Smith;John;Q;Dr;Jr\n", "2=Smith|1=John|3=Q|4010=Dr|4011=Jr"},
+        {"N:a;;;;e;f\n", "2=a|4011=e;f"},
+        {"N:;;;Dr\n", "4010=Dr|5="},  // a prefix is no name
+        {"TEL;CELL;VOICE:1\nNICKNAME:x\n", "104=1|4005=x|5="},
+        {"FN:A\nTEL;WORK;VOICE:1\nTEL;WORK;VOICE:2\nTEL;WORK;VOICE:3\n", "5=A|100=1|101=2|101=3"},
+        {"FN:A\nTEL;WORK;VOICE:\nTEL;WORK;VOICE:2\n", "5=A|101=2"},  // an empty one counts
+        {"FN:A\nEMAIL;INTERNET:1\nEMAIL;PREF;INTERNET:p\nEMAIL;INTERNET:2\nEMAIL;INTERNET:3\nEMAIL;PREF;INTERNET:q\n",
+         "5=A|1001=1|1000=p|1002=2|1003=3|1000=q"},
+        {"FN:A\ntel;cell;voice:1\n", "5=A|104=1"},
+        {"FN:A\nTEL;CELL;VOICE;PREF:2\n", "5=ATEL;CELL;VOICE;PREF:2"},
+        {"TEL;VOICE;WORK:2\n:x\nFN:A\n", "5=A"},              // unknown keys, and nothing to join
+        {"FN:A\nREV:1\nX-FOO:bar\n :x\n", "5=AX-FOO:bar:x"},  // REV leaves nothing that could be joined
+        {"FN:A\nNOTE:a\nVERSION:2.1\n", "5=A|3002=aVERSION:2.1"},
+        {"FN:A\nNOTE:a\nb\n\n c\n", "5=A|3002=abc"},  // folding adds no blank
+        {"FN:A\nNOTE:a\nand FN:B\n", "5=A|3002=aand FN:B"},
+        {"FN:A\nNOTE:a\nFN:B\n", "5=A|3002=a|5=B"},
+        {" FN : A : B \n", "5= A : B"},
+        {"FN:\nNOTE:x\n", "3002=x|5="},
+        {"FN:A\nADR;HOME:;;Main St;Town;Shire;123;Land\n",
+         "5=A|2000=;;Main St;Town;Shire;123;Land|2002=Main St|2004=Town|2005=Shire|2007=Shire|2006=123|2008=Land"},
+        {"FN:A\nADR;HOME:box;Flat 2;Main St\n", "5=A|2000=box;Flat 2;Main St|2002=Flat 2 Main St"},
+        {"FN:A\nADR;HOME:;Flat 2\n", "5=A|2000=;Flat 2|2002=Flat 2 "},
+        {"FN:A\nADR;WORK:;Flat 2;S;T;R;P;L;and;more\n",
+         "5=A|2001=;Flat 2;S;T;R;P;L;and;more|4012=Flat 2|2010=S|2012=T|"
+         "2013=R|2015=R|2014=P|2016=L;and;more"},
+        {"FN:A\nADR;POSTAL:;E;S;T;R;P;L\n", "5=A|2049=;E;S;T;R;P;L|2032=E S|2034=T|2035=R|2037=R|2036=P|2038=L"},
+        {"FN:A\nADR;HOME;ENCODING=QUOTED-PRINTABLE:;;a=3Bb;T\n", "5=A|2000=;;a;b;T|2002=a;b|2004=T"},  // split first
+        {"FN:A\nURL;WORK:x=41y\n", "5=A|1500=xAy"},                        // decoded under any key
+        {"FN:A\nNOTE;ENCODING=QUOTED-PRINTABLE:a=\n41\n", "5=A|3002=aA"},  // no soft line break
+        {"FN:=41\xC3\xA4=C3=A4\n", "5=A\xC3\xA4\xC3\xA4"},
+        {std::string_view("FN:A\0B\nTITLE:t\n", 15), "5=A|4035=t"}};  // a zero ends a line's text
+    for (const auto& [lines, values] : cases)
+        EXPECT_EQ(ReadAll(Card(lines)), Cards{std::string(values)}) << lines;
+}
+
+TEST_F(VCardReader, EveryKey) {
+    // By the notation of contacts: the key for the value.
+    const std::string plain =
+        "2=N|5=FN|4005=NICKNAME|100=TEL;WORK;VOICE|112=TEL;WORK;FAX|102=TEL;HOME;VOICE|103=TEL;HOME|111=TEL;HOME;FAX|"
+        "104=TEL;CELL;VOICE|114=TEL;CAR;VOICE|108=TEL;VOICE|106=TEL;PAGER;VOICE|115=TEL;ISDN|118=TEL;PREF|120=EMAIL;"
+        "TLX|"
+        "1000=EMAIL;PREF;INTERNET|1001=EMAIL;INTERNET|1500=URL;WORK|4008=X-WAB-GENDER|4009=ROLE|4003=BDAY|105=TEL;CELL|"
+        "107=TEL;OTHER|109=TEL;PAGER|110=TEL;FAX|113=TEL;CALLBACK;VOICE|116=TEL;COMPANY;VOICE|117=TEL;ASSISTANT;VOICE|"
+        "119=TEL;RADIO;VOICE|121=TEL;TTYTDD;VOICE|4032=ORG|4035=TITLE";
+    const std::string withEncoding =
+        "3002=NOTE|2001=ADR;WORK|4006=LABEL;WORK|2000=ADR;HOME|4007=LABEL;HOME|2049=ADR;POSTAL|-1=LABEL;POSTAL|"
+        "4000=ADR;GENERAL";
+    for (const auto& field : ContactOf(plain + "|" + withEncoding).fields) {
+        const std::string key = orvale::ToUtf8(field->Data);
+        const std::string id = std::to_string(field->Type) + "=";
+        const std::string values =
+            "|" + ReadAll(Card("FN:A\n" + key + ":x\n" + key + ";ENCODING=QUOTED-PRINTABLE:y\n")).at(0) + "|";
+        if (("|" + withEncoding).find("|" + id) == std::string::npos) {  // "=QU" decodes to a zero, which ends the text
+            EXPECT_TRUE(values.starts_with("|5=A|" + id + "x" + key + ";ENCODING|")) << values;
+        } else {
+            EXPECT_NE(values.find("|" + id + "x|"), std::string::npos) << values;
+            EXPECT_NE(values.find("|" + id + "y|"), std::string::npos) << values;
+        }
+    }
+}
+
+TEST_F(VCardReader, CardsInAFile) {
+    const std::string a = Card("FN:A\n");
+    const std::string version3 = WithLineEnds("BEGIN:VCARD\nVERSION:3.0\nFN:B\nEND:VCARD\n");
+    const std::pair<std::string, std::size_t> cases[] = {
+        {"", 0},
+        {WithLineEnds("x\n\n") + a + WithLineEnds("\nEND:VCARD\nx\n") + a + "x", 2},
+        {WithLineEnds(" begin:vcard\t\nversion:2.1 \nFN:A\n  end:vCard"), 1},
+        {version3, 0},
+        {version3 + a, 1},
+        {WithLineEnds("BEGIN:VCARD\nFN:B\nVERSION:2.1\nFN:A\nEND:VCARD\n"), 1},
+        {"BEGIN:VCARD\nVERSION:2.1\nFN:A\nEND:VCARD\n", 0},  // LF alone ends no line
+        {std::string("\xFF\xFE"
+                     "B\0E\0G\0I\0N\0",
+                     12),
+         0}};
+    for (const auto& [bytes, cards] : cases)
+        EXPECT_EQ(ReadAll(bytes), Cards(cards, "5=A")) << bytes;
+    const std::string two = Card("N:;A\nNOTE:a\n b\nX:\xC3\xA4=C3\n") + "\r\n" + a;
+    for (std::size_t length = 0; length <= two.size(); ++length) {  // only whole cards come
+        const std::size_t cards =
+            (length + a.size() >= two.size() - 4 ? 1U : 0U) + (length >= two.size() - 2 ? 1U : 0U);
+        ASSERT_EQ(ReadAll(std::string_view(two).substr(0, length)).size(), cards) << length;
+    }
+}
+
+TEST_F(VCardReader, LinesUpToTheLimit) {
+    const std::string longest(2048 - 7, 'x');  // beside "NOTE:" and the line end
+    EXPECT_EQ(ReadAll(Card("FN:A\nNOTE:" + longest + "\n")), Cards{"5=A|3002=" + longest});
+    EXPECT_EQ(ReadAll(Card("FN:A\nNOTE:" + longest + "x\n") + Card("FN:B\n")), Cards());
+    {
+        VCardDriver file(path_);  // the line breaks off; another reading goes on inside it and finds the next card
+        EXPECT_EQ(file.Next(), nullptr);
+        const CContactItem* const next = file.Next();
+        EXPECT_EQ(next != nullptr ? ValuesOf(*next) : "none", "5=B");
+    }
+    const std::string raw = "a\r\n\r\nb\rc\nd\r\r\n" + std::string(2048, 'x');  // the last may lack its line end
+    folder_.Put("file.vcf", raw);
+    VCardDriver file(path_);
+    std::u16string line;
+    std::u16string lines;
+    int count = 0;
+    for (; file->ReadString(&line) == 1; ++count)
+        lines += line;
+    EXPECT_EQ(count, 4);
+    EXPECT_EQ(orvale::ToUtf8(lines), raw);
+    EXPECT_EQ(line.size(), 2048U) << "left as it was";
+}
+
+TEST_F(VCardReader, StatesAndNullAddresses) {
+    folder_.Put("file.vcf", Card("FN:A\n"));
+    CVCardFile file;
+    void* record = nullptr;
+    EXPECT_EQ(file.Verify(), VERIFY_NOT_OPENED);
+    EXPECT_EQ(file.Read(&record), 0);
+    EXPECT_EQ(record, nullptr);
+    const std::uint32_t flags = CFile::kModeRead;
+    ASSERT_EQ(file.Open(path_.c_str(), &flags), 1);
+    EXPECT_EQ(file.ReadFileHeader() + file.WriteFileHeader(), 2);  // it has none
+    EXPECT_EQ(file.Verify(), VERIFY_OK);
+    EXPECT_EQ(file.Read(nullptr) + file.ReadString(nullptr), 0);
+    EXPECT_EQ(file.Read(&record), 1);
+    void* const first = record;
+    record = nullptr;
+    EXPECT_EQ(file.Read(&record), 0);
+    EXPECT_EQ(record, first);
+    EXPECT_EQ(static_cast<CContactItem*>(record)->FieldCount(), 0U);
+}
+
+TEST_F(VCardReader, ReadingTakesNoMoreMemoryForMoreCards) {
+    const std::string card = Card("FN:A name that is long enough for the heap\nNOTE:x\nADR;HOME:;;x;y;z\n");
+    folder_.Put("file.vcf", Repeated(card, 100));
+    const std::size_t few = PeakOfReading<VCardDriver>(path_, 100);
+    folder_.Put("file.vcf", Repeated(card, 10000));
+    EXPECT_LT(PeakOfReading<VCardDriver>(path_, 10000), few + 16 * 1024);
+}
