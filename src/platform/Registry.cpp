@@ -132,7 +132,8 @@ std::optional<std::uint32_t> ReadRegistryNumber(std::u16string_view key, std::u1
 }
 
 void WriteRegistryNumber(std::u16string_view key, std::u16string_view valueName, std::uint32_t number) {
-    if (RegistryPath().empty()) throw std::system_error(std::make_error_code(std::errc::no_such_file_or_directory), "registry");
+    if (RegistryPath().empty())
+        throw std::system_error(std::make_error_code(std::errc::no_such_file_or_directory), "registry");
     const std::filesystem::path path = std::filesystem::absolute(RegistryPath());
     const std::string bytes = ReadBytes(path.string());
     const std::u16string text = FromUtf8(bytes);

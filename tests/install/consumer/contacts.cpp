@@ -1,8 +1,8 @@
 // Prints the names of a vCard file's contacts and copies them into a native contact file.
-#include <exception>
 #include <host/RecordFile.h>
-#include <iostream>
 #include <platform/Text.h>
+#include <exception>
+#include <iostream>
 
 int main(int argc, char** argv) try {
     if (argc != 3) throw std::runtime_error("usage: contacts INPUT.vcf OUTPUT.qzs");
