@@ -15,11 +15,16 @@ namespace orvale {
 namespace {
 
 std::uint32_t logSwitch = 0;
-std::u16string logPath;
+
+// Made when LogInit asks for it, which happens at load: a plain global could be built after that, empty again.
+std::u16string& LogPath() {
+    static std::u16string path;
+    return path;
+}
 
 void AppendToLogFile(std::u16string_view text) {
     CFile file;
-    if (file.Open(logPath.c_str(), CFile::kModeCreate | CFile::kModeNoTruncate | CFile::kModeReadWrite, nullptr) == 0)
+    if (file.Open(LogPath().c_str(), CFile::kModeCreate | CFile::kModeNoTruncate | CFile::kModeReadWrite, nullptr) == 0)
         return;
     const CFile::Gathering gathering(file);
     if (file.GetLength() == 0) WriteUnits(file, u"\xFEFF");
@@ -43,7 +48,7 @@ void LogInit(const std::u16string_view* moduleName, const std::int32_t* isLibrar
         std::u16string beside = path;
         if (const std::size_t dot = path.rfind(u'.'); dot != std::u16string::npos)
             beside = path.substr(0, dot) + u".log";
-        logPath = Trim(beside);
+        LogPath() = Trim(beside);
         logSwitch = *value;
     } catch (...) {  // a log that can't be set up is a log that is off
         logSwitch = *defaultSwitch;
