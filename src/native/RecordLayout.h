@@ -23,6 +23,12 @@ class RecordReader {
     void UInt(std::uint32_t& value) { Require(file_.ReadUInt(&value) != 0); }
     void String(std::u16string& text) { Require(file_.ReadString(&text) != 0); }
 
+    /// The memory that a contact lies in: the one item that the log names by itself, before the rest is read.
+    void Location(std::int32_t& storage) {
+        Int(storage);
+        LogFormat(u"ORVALE - CQZSFile::Read : Location[%d]\r\n", storage);
+    }
+
     /// Nothing is reserved by the count, which is the file's word; an entry joins the list when it is whole.
     template <class T, class Visit>
     void List(std::vector<std::unique_ptr<T>>& list, Visit visit) {
@@ -34,15 +40,18 @@ class RecordReader {
         }
     }
 
+    /// The pairs are entered in the file's order, and the field receives a copy of that map, as by AddField.
     void Groups(HashMap<std::u16string>& groups) {
+        HashMap<std::u16string> asRead;
         std::int32_t left = 0;
         for (Int(left); left > 0; --left) {
             std::int32_t key = 0;
             std::u16string name;
             Int(key);
             String(name);
-            groups.Set(key, std::move(name));
+            asRead.Set(key, std::move(name));
         }
+        groups = asRead;
     }
 
  private:
@@ -57,6 +66,7 @@ class RecordWriter {
     void Int(const std::int32_t& value) { file_.WriteInt(&value); }
     void UInt(const std::uint32_t& value) { file_.WriteUInt(&value); }
     void String(const std::u16string& text) { file_.WriteString(&text); }
+    void Location(const std::int32_t& storage) { Int(storage); }
 
     /// A null entry is counted and has no bytes, which no reader can follow: hosts hand in none.
     template <class T, class Visit>
@@ -66,8 +76,8 @@ class RecordWriter {
             if (item) visit(*item);
     }
 
-    /// The pairs go out in the order of a copy of the map. Entering them one by one reverses each bucket, and so does
-    /// the reader, so that the map read back iterates like the one written.
+    /// The pairs go out in the order of a copy of the map. Each copy reverses the buckets: with the reader's two, a map
+    /// that is read back has its buckets the other way round.
     void Groups(const HashMap<std::u16string>& groups) {
         const HashMap<std::u16string> copy = groups;
         Count(copy.size());
@@ -86,7 +96,7 @@ class RecordWriter {
 /// A contact of the native contact file. Contact is const when the archive writes.
 template <class Archive, class Contact>
 void VisitContact(Archive& archive, Contact& contact) {
-    archive.Int(contact.Storage);
+    archive.Location(contact.Storage);
     archive.List(contact.fields, [&](auto& field) {
         archive.Int(field.Type);
         archive.String(field.Data);
