@@ -37,12 +37,13 @@ Directive TakeDirective(std::u16string_view& format) {
     return directive;
 }
 
-// The digits of a number; a precision is the least number of digits. %d takes the number as signed, the others take
-// 32 bits of a negative one, as printf takes an int, and all of an address.
+// The digits of a number; a precision is the least number of digits. As printf takes an int, %d takes 32 bits and their
+// sign, whatever the argument's type, and the others take 32 bits of a negative number; of an address they take all.
 std::u16string Digits(const Directive& directive, std::int64_t number) {
     const bool isSigned = directive.conversion == u'd';
     const unsigned base = directive.conversion == u'x' || directive.conversion == u'X' ? 16 : 10;
     const char16_t letters = directive.conversion == u'x' ? u'a' : u'A';
+    if (isSigned) number = static_cast<std::int32_t>(number);
     auto rest = static_cast<std::uint64_t>(number);
     if (number < 0) rest = isSigned ? 0 - rest : number >= INT32_MIN ? rest & 0xFFFFFFFF : rest;
     std::u16string digits;
