@@ -18,6 +18,10 @@ namespace {
 [[noreturn]] void ThrowSystemError(const char* what) {
     throw std::system_error(errno, std::generic_category(), what);
 }
+[[noreturn]] void ThrowSystemError(int number, const char* what) {
+    errno = number;
+    ThrowSystemError(what);
+}
 
 template <class Call>
 auto Retry(Call call) {  // a signal is no failure
@@ -115,10 +119,8 @@ std::uint64_t CFile::Seek(std::int64_t offset, SeekOrigin origin) {
     if (origin == kCurrent) base = static_cast<std::int64_t>(GetPosition());
     if (origin == kEnd) base = static_cast<std::int64_t>(GetLength());
     std::int64_t target = 0;
-    if (origin < kBegin || origin > kEnd || __builtin_add_overflow(base, offset, &target) || target < 0) {
-        errno = EINVAL;
-        ThrowSystemError("seek");
-    }
+    if (origin < kBegin || origin > kEnd || __builtin_add_overflow(base, offset, &target) || target < 0)
+        ThrowSystemError(EINVAL, "seek");
     const auto position = static_cast<std::uint64_t>(target);
     const std::uint64_t firstAhead = systemPosition_ - readEnd_;
     if (readEnd_ != 0 && position >= firstAhead && position <= systemPosition_) {
@@ -133,10 +135,7 @@ std::uint64_t CFile::Seek(std::int64_t offset, SeekOrigin origin) {
 void CFile::SetLength(std::uint64_t length) {
     HandOver();
     DropReadAhead();
-    if (length > static_cast<std::uint64_t>(INT64_MAX)) {
-        errno = EFBIG;
-        ThrowSystemError("set length");
-    }
+    if (length > static_cast<std::uint64_t>(INT64_MAX)) ThrowSystemError(EFBIG, "set length");
     if (Retry([&] { return ftruncate(descriptor_, static_cast<off_t>(length)); }) != 0) ThrowSystemError("set length");
 }
 
@@ -159,6 +158,7 @@ bool CFile::FillBuffer() {
 }
 
 std::uint32_t CFile::Read(void* buffer, std::uint32_t count) {
+    if (buffer == nullptr && count != 0) ThrowSystemError(EFAULT, "read");
     auto* to = static_cast<char*>(buffer);
     std::uint32_t left = count;
     while (left > 0 && !AtEnd()) {
@@ -172,10 +172,8 @@ std::uint32_t CFile::Read(void* buffer, std::uint32_t count) {
 }
 
 void CFile::Write(const void* buffer, std::uint32_t count) {
-    if (!IsOpened()) {
-        errno = EBADF;
-        ThrowSystemError("write");
-    }
+    if (!IsOpened()) ThrowSystemError(EBADF, "write");
+    if (buffer == nullptr && count != 0) ThrowSystemError(EFAULT, "write");
     if (readEnd_ != 0) DropReadAhead();
     const auto* const from = static_cast<const char*>(buffer);
     gathered_.insert(gathered_.end(), from, from + count);
@@ -244,6 +242,7 @@ void CFile::Close() {
 void CFile::CloseDescriptor() noexcept {
     if (IsOpened()) close(descriptor_);  // not to be tried again on EINTR: the descriptor is gone all the same
     descriptor_ = kNullHandle;
+    seekable_ = true;
     systemPosition_ = 0;
     readStart_ = readEnd_ = 0;
     gathered_.clear();
