@@ -1,5 +1,6 @@
 #include "command/RecordOutput.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <stdexcept>
 
@@ -31,6 +32,14 @@ void RecordOutput::Finish() {
     document_->Finish();
     stream_.close();
     if (!stream_) FailWrite();
+}
+
+// The native file turns around the order of groups that share a bucket, and so does a copy of the contact: a copy comes
+// out of the file in the order that its source had.
+bool RecordOutput::WriteToFile(const CContactItem& contact) {
+    const bool hasOrder = std::any_of(contact.fields.begin(), contact.fields.end(),
+                                      [](const auto& field) { return field && field->groups.size() > 1; });
+    return hasOrder ? file_->Write(CContactItem(contact)) : file_->Write(contact);
 }
 
 // The slots tell no reason for a failed write: the one that people meet is looked for.

@@ -23,7 +23,7 @@ class RecordOutput {
         ++count_;
         if (document_)
             document_->Put(record);
-        else if (!file_->Write(record))
+        else if (!WriteToFile(record))
             FailWrite();
         if (document_ && !stream_) FailWrite();
     }
@@ -37,6 +37,11 @@ class RecordOutput {
     std::size_t Replaced() const { return document_ ? document_->Replaced() : 0; }
 
  private:
+    template <class Record>
+    bool WriteToFile(const Record& record) {
+        return file_->Write(record);
+    }
+    bool WriteToFile(const CContactItem& contact);
     [[noreturn]] void FailWrite() const;
 
     std::filesystem::path path_;
