@@ -3,7 +3,8 @@
 # block and says what the block is:
 #
 #     <!-- run -->              commands; each block of a document must succeed, in its order
-#     <!-- output: COMMAND -->  what COMMAND prints, on both outputs; its result must be 0
+#     <!-- console -->          commands, each a line behind "$ ", and what they print on both outputs; they must succeed
+#     <!-- output: COMMAND -->  what COMMAND prints, on both outputs; it must succeed
 #     <!-- file: PATH -->       the whole file at PATH
 #
 # Commands run in one scratch folder for each document, which holds a copy of samples/, with `orvale` in the path. Links
@@ -18,9 +19,10 @@ if (($# != 1)); then
     exit 2
 fi
 PATH="$(cd -- "$1" && pwd):$PATH"
-export LC_ALL=C.UTF-8
 root=$PWD
 scratch=$(mktemp -d)
+export LC_ALL=C.UTF-8 ORVALE_REGISTRY=$scratch/none.reg
+unset ORVALE_CODEPAGE
 trap 'rm -rf "$scratch"' EXIT
 checked=0
 failed=0
@@ -34,12 +36,17 @@ in_scratch() { (cd -- "$scratch/work" && bash -euo pipefail -c "$1" 2>&1); }
 
 # Judges one block and leaves in `block` what belongs there.
 check_block() {  # PLACE MARKER
-    local place=$1 kind=${2%%:*} argument=${2#*: } wanted
+    local place=$1 kind=${2%%:*} argument=${2#*: } wanted line script=''
     checked=$((checked + 1))
     case $kind in
         run)
             if ! wanted=$(in_scratch "$block"); then fail "$place" "the commands failed:"$'\n'"$wanted"; fi
             return ;;
+        console)
+            while IFS= read -r line; do
+                if [[ $line == '$ '* ]]; then script+="echo ${line@Q}; ${line#'$ '}"$'\n'; fi
+            done <<<"$block"
+            if ! wanted=$(in_scratch "$script"); then fail "$place" "the commands failed:"$'\n'"$wanted"; return; fi ;;
         output)
             if ! wanted=$(in_scratch "$argument"); then fail "$place" "$argument failed:"$'\n'"$wanted"; return; fi ;;
         file)
@@ -49,8 +56,8 @@ check_block() {  # PLACE MARKER
     if [[ $update == yes ]]; then
         block=$wanted$'\n'
     else
-        fail "$place" "the block differs from ${argument}:"
-        diff -u --label document --label "$argument" - <(printf '%s\n' "$wanted") <<<"${block%$'\n'}" >&2 || true
+        fail "$place" "the block differs:"
+        diff -u --label document --label "what happens" - <(printf '%s\n' "$wanted") <<<"${block%$'\n'}" >&2 || true
     fi
 }
 
@@ -71,7 +78,7 @@ check_document() {  # DOCUMENT
         while IFS= read -r line <&4; do
             number=$((number + 1))
             printf '%s\n' "$line" >&3
-            if [[ $line =~ ^'<!-- '(run|output: .+|file: .+)' -->'$ ]]; then
+            if [[ $line =~ ^'<!-- '(run|console|output: .+|file: .+)' -->'$ ]]; then
                 marker=${BASH_REMATCH[1]}
                 continue
             fi

@@ -23,7 +23,7 @@ show() {
 
 show "A vCard file from a phone, into the native contact file" "orvale convert samples/contacts.vcf contacts.qzs"
 show "What that file is" "orvale info contacts.qzs"
-show "The contacts in it" "orvale show contacts.qzs"
+show "The contacts in it, the first one here" "orvale show contacts.qzs | sed -n 1,29p"
 show "The same as a JSON document, its first lines" "orvale show --json contacts.qzs | sed -n 1,24p"
 show "And back to a vCard, with what a vCard can't hold as it was" "orvale convert contacts.qzs back.vcf"
 show "Its first card" "sed '/^END/q' back.vcf"

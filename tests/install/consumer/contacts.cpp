@@ -3,6 +3,7 @@
 #include <platform/Text.h>
 #include <exception>
 #include <iostream>
+#include <stdexcept>
 
 int main(int argc, char** argv) try {
     if (argc != 3) throw std::runtime_error("usage: contacts INPUT.vcf OUTPUT.qzs");
