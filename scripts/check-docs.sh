@@ -32,7 +32,7 @@ fail() {  # PLACE REASON
     failed=$((failed + 1))
 }
 
-in_scratch() { (cd -- "$scratch/work" && bash -euo pipefail -c "$1" 2>&1); }
+in_scratch() { (cd -- "$scratch/run" && bash -euo pipefail -c "$1" 2>&1); }
 
 # Judges one block and leaves in `block` what belongs there.
 check_block() {  # PLACE MARKER
@@ -71,9 +71,9 @@ check_links() {  # DOCUMENT
 
 check_document() {  # DOCUMENT
     local document=$1 line marker='' block fence number=0 place
-    rm -rf "$scratch/work"
-    mkdir "$scratch/work"
-    cp -r samples "$scratch/work/"
+    rm -rf "$scratch/run"
+    mkdir "$scratch/run"
+    cp -r samples "$scratch/run/"
     {
         while IFS= read -r line <&4; do
             number=$((number + 1))
