@@ -1,6 +1,10 @@
 #include "module/FileTypes.h"
 
+#include "native/CALFile.h"
+#include "native/EMLFile.h"
 #include "native/QZSFile.h"
+#include "native/SMSFile.h"
+#include "text/VCalendarFile.h"
 #include "text/VCardFile.h"
 
 namespace orvale {
@@ -15,6 +19,10 @@ std::unique_ptr<CFileInterface> Create() {
 constexpr FileTypeRow kFileTypes[] = {
     {0, u"QZSFile", &Create<CQZSFile>},
     {3, u"vCardFile", &Create<CVCardFile>},
+    {4, u"SMSFile", &Create<CSMSFile>},
+    {5, u"CALFile", &Create<CCALFile>},
+    {6, u"vCalendarFile", &Create<CVCalendarFile>},
+    {11, u"EMLFile", &Create<CEMLFile>},
 };
 
 }  // namespace

@@ -7,4 +7,10 @@
 #error "Orvale's records cross its boundary by layout: build without _GLIBCXX_DEBUG, whose containers differ"
 #endif
 
+#include "records/CSVProfile.h"
+#include "records/CalendarItem.h"
 #include "records/ContactItem.h"
+#include "records/EmailItem.h"
+#include "records/PhonebookProfile.h"
+#include "records/SMSItem.h"
+#include "records/ValueTables.h"

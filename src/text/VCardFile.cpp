@@ -10,6 +10,7 @@
 #include "records/VCardKeys.h"
 #include "text/LineReader.h"
 
+using orvale::AddProperty;
 using orvale::EqualsNoCase;
 using orvale::Operation;
 using orvale::Require;
@@ -50,11 +51,6 @@ const Address* FindAddress(std::int32_t id, std::int32_t Address::*member) {
     const auto* const found = std::find_if(std::begin(kAddresses), std::end(kAddresses),
                                            [&](const Address& address) { return address.*member == id; });
     return found != std::end(kAddresses) ? found : nullptr;
-}
-
-void AddProperty(std::u16string_view value, std::int32_t id, VCardPropertyList& list) {
-    value = value.substr(0, value.find(u'\0'));  // a zero ends a text: it must not end the card
-    if (!value.empty()) list.push_back({id, std::u16string(value)});
 }
 
 std::u16string WithoutTrailingSemicolons(std::u16string text) {

@@ -3,19 +3,14 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "frame/FileObject.h"
 #include "frame/ParseString.h"
 #include "records/ContactItem.h"
+#include "text/PropertyList.h"
 
-/// One line of a card between text and contact: a property's id and its value.
-struct VCardProperty {
-    std::int32_t id;       // of VCardKeys.h; on the reader's side a contact field type id
-    std::u16string value;  // in its file form: not decoded yet, or not encoded yet
-};
-
-using VCardPropertyList = std::vector<VCardProperty>;
+using VCardProperty = orvale::TextProperty;  // on the reader's side its id is a contact field type id
+using VCardPropertyList = orvale::TextPropertyList;
 
 /// vCard 2.1 (the Internet Mail Consortium's, 18 September 1996) as the phones of the time kept to it: any number of
 /// cards, 8-bit text in the thread's code page, lines of at most 2048 bytes that end in CR LF. A line's key is known as

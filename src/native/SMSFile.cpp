@@ -1,0 +1,129 @@
+#include "native/SMSFile.h"
+
+#include <algorithm>
+#include <array>
+
+#include "frame/Operation.h"
+#include "frame/RecordLog.h"
+#include "native/RecordLayout.h"
+
+using orvale::Operation;
+using orvale::Require;
+
+namespace {
+
+constexpr orvale::NativeHeaderLayout kHeader{"<QZ-SMS>", 0, 10, 101};
+
+// Takes what arrives and asks no primitive whether it came whole: in this format a message that the file cuts short is
+// handed out with what there is of it, and only the end of the file between two messages ends the reading.
+class LenientReader {
+ public:
+    explicit LenientReader(CFileObject& file) : file_(file) {}
+
+    void Int(std::int32_t& value) { file_.ReadInt(&value); }
+    void String(std::u16string& text) { file_.ReadString(&text); }
+
+ private:
+    CFileObject& file_;
+};
+
+}  // namespace
+
+CSMSFile::CSMSFile() : CFileObject(101, u"ORVALE - CSMSFile::Open"), header_(kHeader) {}
+
+CSMSFile::~CSMSFile() {
+    CSMSFile::Close();
+}
+
+void CSMSFile::Close() {
+    sms_.Reset();
+    orvale::LogText(u"ORVALE - CSMSFile::Close : Begin/Finish\r\n");
+    CloseStream();
+}
+
+// The flag is judged here already, and what was read stays, so that Verify tells a wrong flag from no header. A file
+// that is too short for a header is refused before any of it is read.
+std::int32_t CSMSFile::ReadFileHeader() {
+    constexpr std::u16string_view kHead = u"Orvale - CSMSFile::ReadFileHeader";
+    return Operation(*this, kHead).Run([&] {
+        Require(IsOpened() && GetLength() >= kHeader.Size());
+        header_.Load(*this);
+        Require(header_.HasRightFlag());
+        header_.Log(*this, kHead);
+    });
+}
+
+std::int32_t CSMSFile::Verify() {
+    const Operation operation(*this, u"ORVALE - CSMSFile::Verify", Operation::kBegin | Operation::kFinish);
+    const VerifyCode code = header_.Judge(IsOpened());
+    if (code != VERIFY_OK) orvale::LogFormat(u"Orvale - CSMSFile::Verify : %s\r\n", orvale::VerifyReason(code));
+    return code;
+}
+
+std::int32_t CSMSFile::Read(void** record) {
+    return Operation(*this, u"ORVALE - CSMSFile::Read").Run([&] {
+        Require(IsOpened() && !AtEnd() && record != nullptr);
+        *record = &sms_;
+        sms_.Reset();
+        LenientReader reader(*this);
+        orvale::VisitSms(reader, sms_);
+        orvale::LogSms(&sms_);
+    });
+}
+
+std::int32_t CSMSFile::WriteFileHeader() {
+    return Operation(*this, u"Orvale - CSMSFile::WriteFileHeader", Operation::kAll & ~Operation::kBegin).Run([&] {
+        Require(IsOpened());
+        header_.Fill(*this);
+        header_.Store(*this);
+    });
+}
+
+std::int32_t CSMSFile::Write(const void* record) {
+    return Operation(*this, u"ORVALE - CSMSFile::Write", Operation::kAll & ~Operation::kBegin).Run([&] {
+        Require(IsOpened() && record != nullptr);
+        const auto& sms = *static_cast<const CSMSItem*>(record);
+        orvale::LogSms(&sms);
+        orvale::RecordWriter writer(*this);
+        orvale::VisitSms(writer, sms);
+    });
+}
+
+std::int32_t CSMSFile::ReadString(std::u16string* text) {
+    if (text == nullptr) return 0;
+    try {
+        std::int32_t length = 0;  // stays 0 where it can't be read: an empty text
+        ReadInt(&length);
+        text->clear();
+        if (length > kMostStringBytes) return 0;
+        if (length <= 0) return 1;
+        std::array<char, static_cast<std::size_t>(kMostStringBytes) + 2> bytes;
+        const std::size_t got = CFile::Read(bytes.data(), static_cast<std::uint32_t>(length));
+        bytes.at(got) = '\0';  // completes the unit of an odd last byte
+        text->resize((got + 1) / 2);
+        for (std::size_t i = 0; i < text->size(); ++i) {
+            (*text)[i] = static_cast<char16_t>(static_cast<unsigned char>(bytes[2 * i]) |
+                                               static_cast<unsigned char>(bytes[2 * i + 1]) << 8);
+        }
+        text->resize(std::min(text->size(), text->find(u'\0')));
+        return 1;
+    } catch (...) {
+        text->clear();
+        return 0;
+    }
+}
+
+void CSMSFile::WriteString(const std::u16string* text) {
+    if (text == nullptr) return;
+    const Gathering gathering(*this);
+    try {
+        const auto bytes = static_cast<std::int32_t>(text->size() * sizeof(char16_t));
+        WriteInt(&bytes);
+        orvale::WriteUnits(*this, *text);
+        if (gathering.IsOutermost()) HandOver();
+    } catch (...) {
+        // By itself a string has nobody to tell. Inside Write a half-gathered one is Write's failure: its record would
+        // be told written and could not be read.
+        if (!gathering.IsOutermost()) throw;
+    }
+}

@@ -1,0 +1,40 @@
+#include "records/SMSItem.h"
+
+#include "platform/DateValue.h"
+#include "platform/Format.h"
+#include "records/DriverName.h"
+
+CSMSItem::CSMSItem() {
+    const orvale::CalendarFields now = orvale::LocalNow();
+    time = orvale::Format(u"%04d-%02d-%02d %02d:%02d:%02d", now.year, now.month, now.day, now.hour, now.minute,
+                          now.second);
+}
+
+void CSMSProfile::Reset() {
+    config = 0;
+    MaxRecipientNum = 0;
+    MaxPageNum = 0;
+    MaxSSMPageEng = 0;
+    MaxSSMPageDBC = 0;
+    MaxLSMPageEng = 0;
+    MaxLSMPageDBC = 0;
+    boxes.clear();
+}
+
+void CSMSProfile::CopyFrom(const CSMSProfile& other) {
+    if (this == &other) return;
+    Reset();
+    handset = other.handset;
+    dllname = orvale::DriverName(other.dllname);
+    config = other.config;
+    MaxRecipientNum = other.MaxRecipientNum;
+    MaxPageNum = other.MaxPageNum;
+    MaxSSMPageEng = other.MaxSSMPageEng;
+    MaxSSMPageDBC = other.MaxSSMPageDBC;
+    MaxLSMPageEng = other.MaxLSMPageEng;
+    MaxLSMPageDBC = other.MaxLSMPageDBC;
+    storageIds = other.storageIds;
+    storageNames = other.storageNames;
+    for (const auto& box : other.boxes)
+        if (box) boxes.push_back(std::make_unique<CSMSBoxItem>(*box));
+}
