@@ -17,5 +17,8 @@ struct Fact {
 
 /// All that a record says that some format stores, in its order.
 std::vector<Fact> FactsOf(const CContactItem& contact);
+std::vector<Fact> FactsOf(const CCalendarItem& item);
+std::vector<Fact> FactsOf(const CSMSItem& sms);
+std::vector<Fact> FactsOf(const CEmailItem& email);
 
 }  // namespace orvale

@@ -16,8 +16,9 @@ struct Addition {
 };
 
 constexpr Addition kAdditions[] = {
-    {FileFormat::kQzs, EndRule::kBytesLeft},
-    {FileFormat::kVCard, EndRule::kWhiteSpaceLeft},
+    {FileFormat::kQzs, EndRule::kBytesLeft},       {FileFormat::kVCard, EndRule::kWhiteSpaceLeft},
+    {FileFormat::kSms, EndRule::kLastRecordSize},  {FileFormat::kCal, EndRule::kBytesLeft},
+    {FileFormat::kVCalendar, EndRule::kOneRecord}, {FileFormat::kEml, EndRule::kBytesLeft},
 };
 
 constexpr Format kJson{"json", std::nullopt, ".json", std::nullopt, true, EndRule::kNone};
@@ -90,6 +91,12 @@ const Format* DetectFormat(const std::filesystem::path& path) {
     const std::optional<std::string> head = ReadHead(path);
     if (head && LooksLikeJson(*head)) return RowOf(kJson.name);
     return FormatOfExtension(path);
+}
+
+const Format* FormatOfFolders() {
+    for (const Format& row : Table())
+        if (row.endRule == EndRule::kOneRecord) return &row;
+    return nullptr;
 }
 
 const Format* FormatOfExtension(const std::filesystem::path& path) {

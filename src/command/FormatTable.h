@@ -13,6 +13,9 @@ namespace orvale {
 enum class EndRule {
     kBytesLeft,       ///< bytes behind the last whole record are a damaged one
     kWhiteSpaceLeft,  ///< the same, but white space does no harm
+    kLastRecordSize,  ///< bytes left, and a last record that took other bytes than its values need: the reader of
+                      ///< native SMS gives a cut record as if it were whole
+    kOneRecord,       ///< one record is due and no end is judged
     kNone,            ///< there is no telling, or no cut that reads
 };
 
@@ -34,6 +37,9 @@ const Format& FormatOfName(std::string_view name);
 
 /// The format of a file that is there: by its content, then by its extension; null if neither tells.
 const Format* DetectFormat(const std::filesystem::path& path);
+
+/// The format of the files in a folder that stands for them: the one whose files hold one record each.
+const Format* FormatOfFolders();
 
 /// The format that an extension tells, for a file of a kind; null if it tells none.
 const Format* FormatOfExtension(const std::filesystem::path& path);

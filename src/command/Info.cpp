@@ -26,15 +26,18 @@ FileInfo Gather(RecordInput& input) {
     info.records = input.Count();
     if (const auto brokenAt = input.BrokenAt()) {
         info.truncated = true;
-        TellUser(ErrorLine(info.file,
-                           "record " + std::to_string(info.records + 1) + ", byte " + std::to_string(*brokenAt),
-                           "damaged from here on"));
+        TellUser(ErrorLine(info.file, PlaceOfDamage(input, *brokenAt), "damaged from here on"));
     }
     return info;
 }
 
+// A format whose files hold one record has no truncated files, only such without their record.
+bool LacksItsRecord(const RecordInput& input) {
+    return input.Name().format->endRule == EndRule::kOneRecord && input.Count() == 0;
+}
+
 void Print(const FileInfo& info) {
-    const std::string noun(RecordWord(*FormatOfName(info.format).kind, info.records != 1));
+    const std::string noun = info.records == 1 ? "record" : "records";
     std::cout << info.file << ": " << info.format << " (" << info.kind << "), version " << info.fileVersion << ", ";
     if (!info.header) std::cout << "header unreadable, ";
     std::cout << info.verifyName << ", " << info.records << ' ' << noun;
@@ -48,20 +51,27 @@ ExitCode TellInfo(const LoadedLibrary& library, const std::vector<std::string>& 
                   bool json) {
     ExitCode code = ExitCode::kDone;
     std::vector<FileInfo> infos;
+    bool asList = files.size() > 1;
     for (const std::string& file : files) {
         try {
-            RecordInput input(library, ResolveInput(file, formatName));
-            const FileInfo info = Gather(input);
-            if (!info.header || info.verifyCode != VERIFY_OK || info.truncated) code = ExitCode::kFailed;
-            if (!json) Print(info);
-            infos.push_back(info);
+            const std::vector<InputName> names = ResolveInputs({file}, formatName);
+            asList = asList || std::filesystem::is_directory(file);
+            for (const InputName& name : names) {
+                RecordInput input(library, name);
+                const FileInfo info = Gather(input);
+                const bool good = info.header && info.verifyCode == VERIFY_OK && !info.truncated;
+                if (LacksItsRecord(input)) TellUser(ErrorLine(info.file, "", "holds no record of its format"));
+                if (!good || LacksItsRecord(input)) code = ExitCode::kFailed;
+                if (!json) Print(info);
+                infos.push_back(info);
+            }
         } catch (const CommandError& error) {
             if (error.Code() == ExitCode::kUsage) throw;
             TellUser(error.what());
             code = ExitCode::kFailed;
         }
     }
-    if (json) std::cout << InfoJson(infos, files.size() > 1);
+    if (json) std::cout << InfoJson(infos, asList);
     return code;
 }
 

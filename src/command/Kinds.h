@@ -3,7 +3,10 @@
 #include <stdexcept>
 #include <type_traits>
 
+#include "command/json/CalendarJson.h"
 #include "command/json/ContactJson.h"
+#include "command/json/EmailJson.h"
+#include "command/json/SmsJson.h"
 #include "host/RecordFile.h"
 
 namespace orvale {
@@ -14,9 +17,14 @@ decltype(auto) VisitKind(Kind kind, Visitor&& visitor) {
     switch (kind) {
         case Kind::kContacts:
             return visitor(std::type_identity<CContactItem>());
-        default:
-            throw std::logic_error("records of this kind aren't known yet");
+        case Kind::kCalendar:
+            return visitor(std::type_identity<CCalendarItem>());
+        case Kind::kSms:
+            return visitor(std::type_identity<CSMSItem>());
+        case Kind::kEmail:
+            return visitor(std::type_identity<CEmailItem>());
     }
+    throw std::logic_error("no such kind");
 }
 
 }  // namespace orvale

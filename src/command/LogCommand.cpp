@@ -4,7 +4,7 @@
 #include <iostream>
 #include <iterator>
 
-#include "platform/PendingFile.h"
+#include "platform/AtomicFile.h"
 #include "platform/Registry.h"
 #include "platform/Text.h"
 #include "records/LogSwitch.h"
@@ -34,9 +34,9 @@ std::string WordOf(std::uint32_t number) {
 
 bool CanWriteIn(const fs::path& folder) {
     try {
-        const PendingFile probe(folder / "probe");
+        const AtomicFile probe((folder / "probe").native());
         return true;
-    } catch (const fs::filesystem_error&) {
+    } catch (const std::system_error&) {
         return false;
     }
 }

@@ -1,5 +1,6 @@
 #include "command/RecordInput.h"
 
+#include <algorithm>
 #include <cstring>
 #include <fstream>
 #include <stdexcept>
@@ -16,6 +17,21 @@ bool OnlyWhiteSpaceFrom(const std::filesystem::path& path, std::uint64_t offset)
     for (char c = 0; in.get(c);)
         if (std::strchr(" \t\r\n\v\f", c) == nullptr || c == '\0') return false;
     return true;
+}
+
+// Where a record of the native SMS file ends by its own lengths, each of which stands before its text.
+std::uint64_t EndOfSmsRecord(const std::filesystem::path& path, std::uint64_t start) {
+    std::ifstream in(path, std::ios::binary);
+    std::uint64_t offset = start + 3 * 4;
+    for (int text = 0; text < 4; ++text) {
+        unsigned char bytes[4] = {};
+        in.seekg(static_cast<std::streamoff>(offset));
+        in.read(reinterpret_cast<char*>(bytes), sizeof bytes);
+        const std::uint32_t length =
+            bytes[0] | bytes[1] << 8 | bytes[2] << 16 | static_cast<std::uint32_t>(bytes[3]) << 24;
+        offset += 4 + (length <= INT32_MAX ? length : 0);  // a negative length is an empty text
+    }
+    return offset;
 }
 
 }  // namespace
@@ -38,21 +54,34 @@ RecordInput::RecordInput(const LoadedLibrary& library, const InputName& input) :
     headerRead_ = file_->ReadHeader();
     verifyCode_ = file_->Verify();
     wholeEnd_ = file_->Position();
+    length_ = file_->Length();
+}
+
+// The reader of native SMS gives a record that the file cuts off as if it were whole, its texts cut or empty. Only the
+// last record can be one: its lengths then lead beyond the file, or it took other bytes than its values need.
+bool RecordInput::IsCutRecord(const CSMSItem& sms) const {
+    const std::uint64_t end = file_->Position();
+    if (input_.format->endRule != EndRule::kLastRecordSize || end < length_) return false;
+    constexpr std::size_t kNumbers = 7 * 4;  // three values and four lengths
+    const std::size_t units = sms.name.size() + sms.phonenumber.size() + sms.content.size() + sms.time.size();
+    return end - wholeEnd_ != kNumbers + 2 * units || EndOfSmsRecord(input_.name, wholeEnd_) != end;
 }
 
 std::optional<std::uint64_t> RecordInput::BrokenAt() {
-    if (!file_ || !headerRead_ || input_.format->endRule == EndRule::kNone) return std::nullopt;
-    if (wholeEnd_ >= file_->Length()) return std::nullopt;
-    if (input_.format->endRule == EndRule::kWhiteSpaceLeft && OnlyWhiteSpaceFrom(input_.name, wholeEnd_))
-        return std::nullopt;
+    const EndRule rule = input_.format->endRule;
+    if (!file_ || !headerRead_ || rule == EndRule::kNone || rule == EndRule::kOneRecord) return std::nullopt;
+    if (wholeEnd_ >= length_) return std::nullopt;
+    if (rule == EndRule::kWhiteSpaceLeft && OnlyWhiteSpaceFrom(input_.name, wholeEnd_)) return std::nullopt;
     return wholeEnd_;
 }
 
-InputName ResolveInput(const std::string& name, const std::string& formatName) {
-    std::error_code error;
-    const std::filesystem::file_status status = std::filesystem::status(name, error);
-    if (!std::filesystem::exists(status)) FailFile(name, "", error ? error.message() : "no such file");
-    if (std::filesystem::is_directory(status)) FailFile(name, "", "is a folder");
+std::string PlaceOfDamage(const RecordInput& input, std::uint64_t offset) {
+    return "record " + std::to_string(input.Count() + 1) + ", byte " + std::to_string(offset);
+}
+
+namespace {
+
+InputName ResolveFile(const std::string& name, const std::string& formatName) {
     if (!formatName.empty()) return {name, &FormatOfName(formatName), true};
     const Format* const format = DetectFormat(name);
     if (format == nullptr) {
@@ -60,6 +89,70 @@ InputName ResolveInput(const std::string& name, const std::string& formatName) {
         FailFile(name, "", "not recognised as any format");
     }
     return {name, format, false};
+}
+
+// Whether one name comes before another, runs of digits by their value.
+bool NameComesBefore(const std::string& a, const std::string& b) {
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    std::size_t i = 0;
+    std::size_t j = 0;
+    while (i < a.size() && j < b.size()) {
+        if (!isDigit(a[i]) || !isDigit(b[j])) {
+            if (a[i] != b[j]) return a[i] < b[j];
+            ++i;
+            ++j;
+            continue;
+        }
+        const auto run = [&](const std::string& text, std::size_t& place) {
+            const std::size_t first = std::min(text.find_first_not_of('0', place), text.size());
+            place = first;
+            while (place < text.size() && isDigit(text[place]))
+                ++place;
+            return std::string_view(text).substr(first, place - first);
+        };
+        const std::string_view left = run(a, i);
+        const std::string_view right = run(b, j);
+        if (left.size() != right.size()) return left.size() < right.size();
+        if (left != right) return left < right;
+    }
+    return a.size() - i != b.size() - j ? a.size() - i < b.size() - j : a < b;
+}
+
+void ResolveFolder(const std::string& name, const std::string& formatName, std::vector<InputName>& inputs) {
+    const Format& format = formatName.empty() ? *FormatOfFolders() : FormatOfName(formatName);
+    if (format.endRule != EndRule::kOneRecord) FailFile(name, "", "is a folder");
+    std::vector<std::string> files;
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(name, error), end; !error && entry != end; entry.increment(error)) {
+        std::error_code ignored;
+        if (entry->path().filename().string().starts_with('.') || !entry->is_regular_file(ignored)) continue;
+        if (DetectFormat(entry->path()) == &format)
+            files.push_back(entry->path().string());
+        else
+            TellUser(ErrorLine(entry->path().string(), "",
+                               "passed over, for it is no file of the format " + std::string(format.name)));
+    }
+    if (error) FailFile(name, "", error.message());
+    if (files.empty()) FailFile(name, "", "is a folder without a file of the format " + std::string(format.name));
+    std::sort(files.begin(), files.end(), NameComesBefore);
+    for (const std::string& file : files)
+        inputs.push_back({file, &format, !formatName.empty()});
+}
+
+}  // namespace
+
+std::vector<InputName> ResolveInputs(const std::vector<std::string>& names, const std::string& formatName) {
+    std::vector<InputName> inputs;
+    for (const std::string& name : names) {
+        std::error_code error;
+        const std::filesystem::file_status status = std::filesystem::status(name, error);
+        if (!std::filesystem::exists(status)) FailFile(name, "", error ? error.message() : "no such file");
+        if (std::filesystem::is_directory(status))
+            ResolveFolder(name, formatName, inputs);
+        else
+            inputs.push_back(ResolveFile(name, formatName));
+    }
+    return inputs;
 }
 
 void RequireReadable(const RecordInput& input) {

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "command/FormatTable.h"
 #include "command/json/JsonDocument.h"
@@ -56,10 +57,18 @@ class RecordInput {
 
     template <class Record>
     const Record* NextOfFile() {
-        const Record* const record = headerRead_ ? file_->Read<Record>() : nullptr;
-        if (record != nullptr) wholeEnd_ = file_->Position();
+        const Record* const record = headerRead_ && !ended_ ? file_->Read<Record>() : nullptr;
+        ended_ = record == nullptr || IsCutRecord(*record);
+        if (ended_) return nullptr;
+        wholeEnd_ = file_->Position();
         return record;
     }
+
+    template <class Record>
+    bool IsCutRecord(const Record&) const {
+        return false;
+    }
+    bool IsCutRecord(const CSMSItem& sms) const;
 
     InputName input_;
     std::optional<RecordFile> file_;
@@ -67,13 +76,19 @@ class RecordInput {
     std::any record_;  // of a document
     bool headerRead_ = true;
     std::int32_t verifyCode_ = VERIFY_OK;
+    std::uint64_t length_ = 0;
     std::uint64_t wholeEnd_ = 0;  // where the last whole record ends
+    bool ended_ = false;
     std::size_t count_ = 0;
 };
 
-/// The input of a name: its format is the one of `formatName` if that isn't empty, else the one that is found. Ends the
-/// work where the file isn't there or nothing tells its format.
-InputName ResolveInput(const std::string& name, const std::string& formatName);
+/// The inputs that names stand for, each with the format of `formatName` if that isn't empty, else with the one that is
+/// found. A folder stands for the vCalendar files in it, in the order of their names, numbers in them by their value.
+/// Ends the work where a file isn't there or nothing tells its format.
+std::vector<InputName> ResolveInputs(const std::vector<std::string>& names, const std::string& formatName);
+
+/// Where a damaged record begins, in words.
+std::string PlaceOfDamage(const RecordInput& input, std::uint64_t offset);
 
 /// Ends the work with the code where the header couldn't be read, or the verify code is a bad one and the format wasn't
 /// named; a bad code of a named format is told.

@@ -7,31 +7,81 @@
 #include "command/CommandError.h"
 
 namespace orvale {
+namespace {
 
-RecordOutput::RecordOutput(const LoadedLibrary& library, const Format& format, Kind kind,
-                           const std::filesystem::path& path, std::string shownName)
-    : path_(path), shownName_(std::move(shownName)) {
+namespace fs = std::filesystem;
+
+// The name of a file of a folder: its number with five digits, or as many as it takes.
+std::string NumberedName(std::size_t number, std::string_view extension) {
+    std::string digits = std::to_string(number);
+    digits.insert(0, digits.size() < 5 ? 5 - digits.size() : 0, '0');
+    return digits.append(extension);
+}
+
+}  // namespace
+
+RecordOutput::RecordOutput(const LoadedLibrary& library, const Format& format, Kind kind, std::string target)
+    : library_(library), format_(format), target_(std::move(target)) {
     try {
+        single_.emplace(target_);
+        files_.push_back(single_->TemporaryPath());
         if (format.type) {
-            file_.emplace(library, *format.type);
-            file_->Open(path, OpenMode::kCreate);
-            if (!file_->WriteHeader()) FailWrite();
+            OpenFile(files_.back());
         } else {
-            stream_.open(path, std::ios::binary | std::ios::trunc);
+            stream_.open(files_.back(), std::ios::binary | std::ios::trunc);
             if (!stream_) throw std::system_error(errno, std::generic_category());
             document_.emplace(stream_, kind);
         }
     } catch (const std::system_error& error) {
-        FailFile(shownName_, "", error.code().message());
+        FailFile(target_, "", error.code().message());
+    }
+}
+
+void RecordOutput::OpenFile(const std::string& path) {
+    file_.emplace(library_, *format_.type);
+    file_->Open(path, OpenMode::kCreate);
+    if (!file_->WriteHeader()) FailWrite();
+}
+
+void RecordOutput::NextFile() {
+    try {
+        file_.reset();
+        if (!folder_) {
+            if (fs::exists(fs::symlink_status(target_)))
+                FailFile(target_, "", "is a file, and several records go to a new folder");
+            folder_.emplace(target_);
+            const fs::path first = folder_->Path() / NumberedName(1, format_.extension);
+            fs::rename(files_.front(), first);
+            files_.front() = first.string();
+            single_.reset();
+        }
+        files_.push_back((folder_->Path() / NumberedName(count_ + 1, format_.extension)).string());
+        OpenFile(files_.back());
+    } catch (const std::system_error& error) {
+        FailFile(target_, "record " + std::to_string(count_ + 1), error.code().message());
     }
 }
 
 void RecordOutput::Finish() {
+    if (count_ == 0 && OneRecordAFile())
+        FailFile(target_, "",
+                 "there is no record to write, and the format " + std::string(format_.name) + " needs one");
     if (file_) file_->Close();
     if (!document_) return;
     document_->Finish();
     stream_.close();
     if (!stream_) FailWrite();
+}
+
+void RecordOutput::Commit() {
+    try {
+        if (folder_)
+            folder_->Commit();
+        else
+            single_->Commit();
+    } catch (const std::system_error& error) {
+        FailFile(target_, "", error.code().message());
+    }
 }
 
 // The native file turns around the order of groups that share a bucket, and so does a copy of the contact: a copy comes
@@ -45,9 +95,9 @@ bool RecordOutput::WriteToFile(const CContactItem& contact) {
 // The slots tell no reason for a failed write: the one that people meet is looked for.
 void RecordOutput::FailWrite() const {
     std::error_code error;
-    const std::filesystem::space_info space = std::filesystem::space(path_.parent_path(), error);
+    const fs::space_info space = fs::space(fs::path(files_.back()).parent_path(), error);
     const bool full = !error && space.available < 64 * 1024;
-    FailFile(shownName_, count_ == 0 ? "" : "record " + std::to_string(count_),
+    FailFile(target_, count_ == 0 ? "" : "record " + std::to_string(count_),
              full ? "the disk is full" : "can't be written");
 }
 

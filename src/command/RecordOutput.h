@@ -4,39 +4,47 @@
 #include <fstream>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "command/FormatTable.h"
 #include "command/json/JsonDocument.h"
 #include "host/RecordFile.h"
+#include "platform/AtomicFile.h"
+#include "platform/PendingFolder.h"
 
 namespace orvale {
 
-/// A file being written, whatever its format. What can't be written ends the work with an error line.
+/// An output being written, whatever its format, beside the place that it takes at Commit. A format whose files hold
+/// one record gets a folder of files, "00001.vcs" and on, as soon as there is a second record. What can't be written
+/// ends the work with an error line.
 class RecordOutput {
  public:
-    /// `path` is where the bytes go, `shownName` what the user calls it.
-    RecordOutput(const LoadedLibrary& library, const Format& format, Kind kind, const std::filesystem::path& path,
-                 std::string shownName);
+    RecordOutput(const LoadedLibrary& library, const Format& format, Kind kind, std::string target);
 
     template <class Record>
     void Put(const Record& record) {
+        if (OneRecordAFile() && count_ != 0) NextFile();
         ++count_;
-        if (document_)
-            document_->Put(record);
-        else if (!WriteToFile(record))
-            FailWrite();
-        if (document_ && !stream_) FailWrite();
+        const bool written = document_ ? (document_->Put(record), static_cast<bool>(stream_)) : WriteToFile(record);
+        if (!written) FailWrite();
     }
 
-    /// Ends the file; it is whole only then.
+    /// Ends the output; it is whole only then.
     void Finish();
 
-    std::size_t Count() const { return count_; }
+    /// Where the whole output can be read, before it has its place: one file, or those of the folder in their order.
+    const std::vector<std::string>& Files() const { return files_; }
+
+    /// Puts the output in its place.
+    void Commit();
 
     /// How many surrogate halves a JSON document could not tell.
     std::size_t Replaced() const { return document_ ? document_->Replaced() : 0; }
 
  private:
+    bool OneRecordAFile() const { return format_.endRule == EndRule::kOneRecord; }
+    void OpenFile(const std::string& path);
+    void NextFile();
     template <class Record>
     bool WriteToFile(const Record& record) {
         return file_->Write(record);
@@ -44,8 +52,12 @@ class RecordOutput {
     bool WriteToFile(const CContactItem& contact);
     [[noreturn]] void FailWrite() const;
 
-    std::filesystem::path path_;
-    std::string shownName_;
+    const LoadedLibrary& library_;
+    const Format& format_;
+    std::string target_;
+    std::optional<AtomicFile> single_;
+    std::optional<PendingFolder> folder_;
+    std::vector<std::string> files_;
     std::optional<RecordFile> file_;
     std::ofstream stream_;
     std::optional<JsonDocumentWriter> document_;

@@ -37,17 +37,27 @@ bool OpensWith(std::string_view head, std::string_view block) {
     return false;
 }
 
-bool LooksLikeVCard(std::string_view head, std::uint64_t) {
+template <const char* kBlock>
+bool HasBlock(std::string_view head, std::uint64_t) {
     const std::string_view text = TrimAscii(head);
-    return !text.starts_with('<') && !text.starts_with('{') && OpensWith(head, "BEGIN:VCARD");
+    return !text.starts_with('<') && !text.starts_with('{') && OpensWith(head, kBlock);
 }
 
 constexpr char kQzsFlag[] = "<QZ-QZS>";
+constexpr char kSmsFlag[] = "<QZ-SMS>";
+constexpr char kCalFlag[] = "<QZ-CAL>";
+constexpr char kEmlFlag[] = "<QZ-EML>";
+constexpr char kVCardBlock[] = "BEGIN:VCARD";
+constexpr char kVCalendarBlock[] = "BEGIN:VCALENDAR";
 
 // The table of formats as hosts see them: a new one is a row here.
 constexpr FormatInfo kFormats[] = {
     {FileFormat::kQzs, "qzs", Kind::kContacts, ".qzs", true, &HasFlag<kQzsFlag>},
-    {FileFormat::kVCard, "vcard", Kind::kContacts, ".vcf", true, &LooksLikeVCard},
+    {FileFormat::kVCard, "vcard", Kind::kContacts, ".vcf", true, &HasBlock<kVCardBlock>},
+    {FileFormat::kSms, "sms", Kind::kSms, ".sms", true, &HasFlag<kSmsFlag>},
+    {FileFormat::kCal, "cal", Kind::kCalendar, ".cal", true, &HasFlag<kCalFlag>},
+    {FileFormat::kVCalendar, "vcalendar", Kind::kCalendar, ".vcs", true, &HasBlock<kVCalendarBlock>},
+    {FileFormat::kEml, "eml", Kind::kEmail, ".eml", true, &HasFlag<kEmlFlag>},
 };
 
 }  // namespace

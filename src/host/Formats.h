@@ -18,6 +18,10 @@ enum class Kind { kContacts, kCalendar, kSms, kEmail };
 enum class FileFormat : FileType {
     kQzs = 0,
     kVCard = 3,
+    kSms = 4,
+    kCal = 5,
+    kVCalendar = 6,
+    kEml = 11,
 };
 
 /// What a format is like.

@@ -17,6 +17,18 @@ template <>
 struct RecordKind<CContactItem> {
     static constexpr Kind kKind = Kind::kContacts;
 };
+template <>
+struct RecordKind<CCalendarItem> {
+    static constexpr Kind kKind = Kind::kCalendar;
+};
+template <>
+struct RecordKind<CSMSItem> {
+    static constexpr Kind kKind = Kind::kSms;
+};
+template <>
+struct RecordKind<CEmailItem> {
+    static constexpr Kind kKind = Kind::kEmail;
+};
 
 enum class OpenMode {
     kRead,

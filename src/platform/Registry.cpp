@@ -2,11 +2,10 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <vector>
 
+#include "platform/AtomicFile.h"
 #include "platform/File.h"
-#include "platform/PendingFile.h"
 #include "platform/Text.h"
 
 namespace orvale {
@@ -167,13 +166,10 @@ void WriteRegistryNumber(std::u16string_view key, std::u16string_view valueName,
     }
 
     if (path.has_parent_path()) std::filesystem::create_directories(path.parent_path());
-    PendingFile pending(path);
-    std::ofstream out(pending.Path(), std::ios::binary | std::ios::trunc);
+    AtomicFile file(path.native());
     for (const std::u16string& each : lines)
-        out << ToUtf8(each) << "\r\n";
-    out.close();
-    if (!out) throw std::system_error(std::make_error_code(std::errc::io_error), path.string());
-    pending.Commit();
+        file.Write(ToUtf8(each) + "\r\n");
+    file.Commit();
 }
 
 }  // namespace orvale

@@ -39,3 +39,8 @@ std::string FlagsCaption(ValueTable table, std::int32_t flags) {
 }
 
 }  // namespace orvale
+
+std::string CalendarFieldCaption(std::int32_t type) {
+    const orvale::NamedValue* const row = orvale::FindValue(orvale::kCalendarFieldTypes, type);
+    return row != nullptr ? std::string(row->caption) : "text of type " + std::to_string(type);
+}

@@ -64,6 +64,9 @@ ORVALE_VALUES(RecordOperation, kOperations, ORVALE_OPERATIONS);
     X(CAL_FIELD_PHONENO, 3012, "", "phone number")
 ORVALE_VALUES(CalendarFieldType, kCalendarFieldTypes, ORVALE_CALENDAR_FIELDS);
 
+/// What a person calls a type of calendar field: its caption, or "text of type N".
+std::string CalendarFieldCaption(std::int32_t type);
+
 #define ORVALE_CALENDAR_ITEM_TYPES(X)   \
     X(PHONE_EVENT_TYPE, 0, "", "event") \
     X(PHONE_TODO_TYPE, 1, "", "todo")

@@ -108,7 +108,7 @@ TEST_F(CommandLineTest, InfoGoesOnAfterAFileThatFails) {
     EXPECT_THAT(outcome.output, HasSubstr("\"file\": \"ann.json\""));
     EXPECT_THAT(RunOrvale(folder, "info --json ann.qzs").output,
                 StartsWith("{\n  \"file\": \"ann.qzs\",\n  \"format\": \"qzs\","));
-    EXPECT_EQ(RunOrvale(folder, "info ann.qzs").output, "ann.qzs: qzs (contacts), version 100, VERIFY_OK, 1 contact\n");
+    EXPECT_EQ(RunOrvale(folder, "info ann.qzs").output, "ann.qzs: qzs (contacts), version 100, VERIFY_OK, 1 record\n");
 }
 
 TEST_F(CommandLineTest, ContentTellsTheFormatBeforeTheExtension) {

@@ -1,13 +1,15 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
+#include <vector>
 
 #include "command/show/Screen.h"
 #include "records/GeneralSyncData.h"
 
 namespace orvale {
 
-/// Prints records as a person reads them, one after the other.
+/// Prints records as a person reads them: Print for each, then Finish.
 template <class Record>
 class RecordPrinter;
 
@@ -17,10 +19,61 @@ class RecordPrinter<CContactItem> {
  public:
     explicit RecordPrinter(Screen& screen) : screen_(screen) {}
     void Print(const CContactItem& contact);
+    void Finish() {}
 
  private:
     Screen& screen_;
     std::size_t count_ = 0;
 };
+
+/// An agenda: the entries by their start, under a heading for each day. Those without a start come last.
+template <>
+class RecordPrinter<CCalendarItem> {
+ public:
+    explicit RecordPrinter(Screen& screen) : screen_(screen) {}
+    void Print(const CCalendarItem& item);
+    void Finish();
+
+ private:
+    struct Entry {
+        double start;
+        bool dated;
+        std::string heading;
+        std::string block;
+    };
+
+    Screen& screen_;
+    std::vector<Entry> entries_;
+};
+
+/// A dated list: a line with box, status and the other party, then the text.
+template <>
+class RecordPrinter<CSMSItem> {
+ public:
+    explicit RecordPrinter(Screen& screen) : screen_(screen) {}
+    void Print(const CSMSItem& sms);
+    void Finish() {}
+
+ private:
+    Screen& screen_;
+    std::size_t count_ = 0;
+};
+
+/// One block an email: the usual head lines, then the text.
+template <>
+class RecordPrinter<CEmailItem> {
+ public:
+    explicit RecordPrinter(Screen& screen) : screen_(screen) {}
+    void Print(const CEmailItem& email);
+    void Finish() {}
+
+ private:
+    Screen& screen_;
+    std::size_t count_ = 0;
+};
+
+/// A date as every listing shows it, "2010-07-26 06:00", with its seconds where it has some; the number itself where it
+/// is no date.
+std::u16string DateText(const DateValue& date);
 
 }  // namespace orvale

@@ -67,11 +67,15 @@ void Screen::Row(std::string_view label, std::u16string_view value) {
     Put("  ");
     Put(label, Style::kLabel);
     out_ << std::string(label.size() < kLabelWidth ? kLabelWidth - label.size() : 1, ' ');
-    Put(TakeLine(value));
+    PutBlock(value, 2 + kLabelWidth);
+}
+
+void Screen::PutBlock(std::u16string_view text, std::size_t indent, Style style) {
+    Put(TakeLine(text), style);
     EndLine();
-    while (!value.empty()) {
-        out_ << std::string(2 + kLabelWidth, ' ');
-        Put(TakeLine(value));
+    while (!text.empty()) {
+        out_ << std::string(indent, ' ');
+        Put(TakeLine(text), style);
         EndLine();
     }
 }

@@ -31,6 +31,11 @@ class Screen {
     /// A label, padded to a column, and a value; a value of several lines goes on in that column.
     void Row(std::string_view label, std::u16string_view value);
 
+    /// The lines of a text, each after the first behind an indent, and the end of the last line.
+    void PutBlock(std::u16string_view text, std::size_t indent, Style style = Style::kPlain);
+
+    bool HasColor() const { return color_; }
+
     /// A text padded to a width on the terminal, or cut to it with an ellipsis: wide characters take two columns.
     static std::string Fit(std::u16string_view text, std::size_t width);
 

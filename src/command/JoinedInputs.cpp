@@ -1,0 +1,29 @@
+#include "command/JoinedInputs.h"
+
+#include "command/CommandError.h"
+
+namespace orvale {
+
+void JoinedInputs::JudgeEnd() {
+    const InputName& name = names_[place_];
+    if (name.format->endRule == EndRule::kOneRecord && input_->Count() == 0)
+        FailFile(name.name, "", "holds no record of the format " + std::string(name.format->name));
+    brokenAt_[place_] = input_->BrokenAt();
+    if (brokenAt_[place_] && onDamage) onDamage(name.name, PlaceOfDamage(*input_, *brokenAt_[place_]));
+}
+
+Kind RequireReadable(const LoadedLibrary& library, const std::vector<InputName>& names, std::optional<Kind> kind) {
+    for (const InputName& name : names) {
+        const RecordInput input(library, name);
+        RequireReadable(input);
+        const Kind found = input.GetKind();
+        if (kind && *kind != found) {
+            const std::string holds = "holds " + std::string(RecordWord(found, true));
+            FailFile(name.name, "", holds + ", not " + std::string(RecordWord(*kind, true)));
+        }
+        kind = found;
+    }
+    return *kind;
+}
+
+}  // namespace orvale

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "command/RecordInput.h"
+
+namespace orvale {
+
+/// Several inputs of one kind, opened one after the other and read as one.
+class JoinedInputs {
+ public:
+    /// The names must outlive the object.
+    JoinedInputs(const LoadedLibrary& library, const std::vector<InputName>& names)
+        : library_(library), names_(names), brokenAt_(names.size()) {}
+
+    template <class Record>
+    const Record* Next() {
+        for (; place_ < names_.size(); ++place_, input_.reset()) {
+            if (!input_) input_ = std::make_unique<RecordInput>(library_, names_[place_]);
+            if (const Record* record = input_->Next<Record>()) {
+                ++count_;
+                return record;
+            }
+            JudgeEnd();
+        }
+        return nullptr;
+    }
+
+    std::size_t Count() const { return count_; }
+
+    /// Where each input that was read is damaged; none for one that is whole.
+    const std::vector<std::optional<std::uint64_t>>& BrokenAt() const { return brokenAt_; }
+
+    /// Called at each damaged end with the file and its place, "record 18, byte 2045".
+    std::function<void(const std::string& file, const std::string& place)> onDamage;
+
+ private:
+    void JudgeEnd();
+
+    const LoadedLibrary& library_;
+    const std::vector<InputName>& names_;
+    std::vector<std::optional<std::uint64_t>> brokenAt_;
+    std::size_t place_ = 0;
+    std::size_t count_ = 0;
+    std::unique_ptr<RecordInput> input_;
+};
+
+/// Opens each input once to see that it can be read and that all hold one kind, `kind` if that is given. Ends the work
+/// with an error line where one doesn't. Gives the kind.
+Kind RequireReadable(const LoadedLibrary& library, const std::vector<InputName>& names, std::optional<Kind> kind);
+
+}  // namespace orvale

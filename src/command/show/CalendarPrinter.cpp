@@ -1,0 +1,189 @@
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <optional>
+#include <sstream>
+
+#include "command/show/RecordPrinter.h"
+#include "platform/Format.h"
+#include "platform/Text.h"
+
+namespace orvale {
+namespace {
+
+constexpr const char16_t* kMonths[] = {u"January", u"February", u"March",     u"April",   u"May",      u"June",
+                                       u"July",    u"August",   u"September", u"October", u"November", u"December"};
+
+constexpr std::int32_t kWorkdays = CAL_MONDAY | CAL_TUESDAY | CAL_WEDNESDAY | CAL_THURSDAY | CAL_FRIDAY;
+
+std::u16string Widen(std::string_view ascii) {
+    return {ascii.begin(), ascii.end()};
+}
+
+std::u16string ClockText(const CalendarFields& f) {
+    return f.second == 0 ? Format(u"%02d:%02d", f.hour, f.minute)
+                         : Format(u"%02d:%02d:%02d", f.hour, f.minute, f.second);
+}
+
+std::u16string MonthName(int month) {
+    return month >= 1 && month <= 12 ? std::u16string(kMonths[month - 1]) : Format(u"month %d", month);
+}
+
+std::u16string DayText(const CalendarFields& f) {
+    const std::string_view weekday = kWeekdays[DayOfWeek(f)].caption;
+    return Format(u"%s, %d %s %d", Widen(weekday), f.day, MonthName(f.month), f.year);
+}
+
+bool SameDay(const CalendarFields& a, const CalendarFields& b) {
+    return a.year == b.year && a.month == b.month && a.day == b.day;
+}
+
+std::optional<CalendarFields> FieldsOf(const DateValue& date) {
+    return date.IsNone() ? std::nullopt : date.Fields();
+}
+
+// Whether the end stands beside the start: on the same day. Any other end has a row of its own.
+bool EndsOnTheDay(const CCalendarItem& item) {
+    const auto start = FieldsOf(item.dtstart);
+    const auto end = FieldsOf(item.dtend);
+    return start && end && SameDay(*start, *end);
+}
+
+// "06:00-07:30", or "06:00".
+std::u16string TimeText(const CCalendarItem& item) {
+    const auto start = FieldsOf(item.dtstart);
+    if (!start) return {};
+    std::u16string text = ClockText(*start);
+    const auto end = FieldsOf(item.dtend);
+    if (EndsOnTheDay(item) && *end != *start) text += u"-" + ClockText(*end);
+    return text;
+}
+
+std::u16string Every(std::int32_t interval, std::u16string_view unit) {
+    return interval <= 1 ? Format(u"every %s", unit) : Format(u"every %d %ss", interval, unit);
+}
+
+std::u16string WeekdaysText(std::int32_t mask) {
+    if (mask == kWorkdays) return u"workdays";
+    return Widen(FlagsCaption(kWeekdays, mask));
+}
+
+// The recurrence in words; what the phone's own combinations don't explain is told as the numbers that it is.
+std::u16string RecurrenceText(const CCalendarItem& item) {
+    std::u16string text;
+    const bool onWeekday = item.recurinstance != 0;
+    const std::u16string days = WeekdaysText(item.recurweekmask);
+    switch (item.recurtype) {
+        case RECURS_DAILY:
+            text = Every(item.recurinterval, u"day");
+            break;
+        case RECURS_WEEKLY:
+            text = Every(item.recurinterval, u"week");
+            if (item.recurweekmask == kWorkdays && item.recurinterval == 0)
+                text = u"every workday";
+            else if (item.recurweekmask != 0)
+                text += u" on " + days;
+            break;
+        case RECURS_MONTHLY:
+            text = Every(item.recurinterval, u"month");
+            text += onWeekday ? u" on " + days : Format(u" on day %d", item.recurday);
+            break;
+        case RECURS_YEARLY:
+            text = Every(item.recurinterval, u"year");
+            text += onWeekday ? u" on " + days + u" in " + MonthName(item.recurmonth)
+                              : Format(u" on %d %s", item.recurday, MonthName(item.recurmonth));
+            break;
+        default:
+            text = Widen(ValueCaption(kRecurrences, item.recurtype));
+            break;
+    }
+    if (item.recurrepeat != 0) text += Format(u", %d times", item.recurrepeat);
+    if (item.recurhasenddate != 0) text += u", until " + DateText(item.recurenddate);
+    return text;
+}
+
+std::u16string TitleOf(const CCalendarItem& item, const CCalendarField*& shown) {
+    for (const std::int32_t type : {CAL_FIELD_DESCRIPTION, CAL_FIELD_BODY}) {
+        for (const auto& field : item.fields) {
+            if (!field || field->Type != type || field->Data.empty()) continue;
+            shown = field.get();
+            return field->Data;
+        }
+    }
+    return u"(no description)";
+}
+
+void PrintRows(Screen& screen, const CCalendarItem& item, const CCalendarField* shown) {
+    const auto number = [&](const char* label, std::int32_t value) {
+        if (value != 0) screen.Row(label, Format(u"%d", value));
+    };
+    for (const auto& field : item.fields) {
+        if (!field || (field.get() == shown && field->secondNumber == 0)) continue;
+        screen.Row(CalendarFieldCaption(field->Type), field.get() == shown ? u"" : field->Data);
+        if (field->secondNumber != 0) screen.Row("", Format(u"(%d)", field->secondNumber));
+    }
+    if (!item.dtend.IsNone() && !EndsOnTheDay(item)) screen.Row("ends", DateText(item.dtend));
+    if (item.recurtype != RECURS_NONE) screen.Row("repeats", RecurrenceText(item));
+    if (item.remindermin != 0) screen.Row("alarm", Format(u"%d minutes before", item.remindermin));
+    if (item.priority != CAL_TASK_PRIORITY_NORMAL)
+        screen.Row("priority", Widen(ValueCaption(kTaskPriorities, item.priority)));
+    if (item.category != CATE_MISCELLANEOUS)
+        screen.Row("category", Widen(ValueCaption(kCalendarCategories, item.category)));
+    if (item.secret != 0) screen.Row("secret", u"yes");
+    if (!item.ring.empty() || item.ringid != 0) screen.Row("ring tone", Format(u"%s (%d)", item.ring, item.ringid));
+    if (item.vibration != 0) screen.Row("vibration", u"yes");
+    number("duration", item.duration);
+    number("first reserved number", item.reserve1);
+    number("second reserved number", item.reserve2);
+    if (item.operation != 0) screen.Row("note", u"a date of this entry could not be read");
+}
+
+}  // namespace
+
+std::u16string DateText(const DateValue& date) {
+    const auto fields = date.Fields();
+    if (fields) return Format(u"%04d-%02d-%02d %s", fields->year, fields->month, fields->day, ClockText(*fields));
+    char number[32];
+    std::snprintf(number, sizeof number, "%.17g", date.Value());
+    return Widen(number);
+}
+
+void RecordPrinter<CCalendarItem>::Print(const CCalendarItem& item) {
+    std::ostringstream block;
+    Screen screen(block, screen_.HasColor());
+    const CCalendarField* shown = nullptr;
+    const std::u16string title = TitleOf(item, shown);
+    screen.Put("  ");
+    screen.Put(Screen::Fit(TimeText(item), 13), Screen::Style::kLabel);
+    if (item.itemType == PHONE_TODO_TYPE) screen.Put(item.complete != 0 ? "[x] " : "[ ] ");
+    screen.PutBlock(title, 15, Screen::Style::kTitle);
+    if (item.itemType != PHONE_TODO_TYPE && item.complete != 0) screen.Row("completed", u"yes");
+    PrintRows(screen, item, shown);
+
+    const auto fields = FieldsOf(item.dtstart);
+    const double start = item.dtstart.Value();
+    std::string heading = "No date";
+    if (fields)
+        heading = ToUtf8(DayText(*fields));
+    else if (!item.dtstart.IsNone())
+        heading = "Out of range: " + ToUtf8(DateText(item.dtstart));
+    entries_.push_back({std::isnan(start) ? 0 : start, fields.has_value(), std::move(heading), std::move(block).str()});
+}
+
+void RecordPrinter<CCalendarItem>::Finish() {
+    std::stable_sort(entries_.begin(), entries_.end(), [](const Entry& a, const Entry& b) {
+        return a.dated != b.dated ? a.dated : a.dated && a.start < b.start;
+    });
+    const std::string* last = nullptr;
+    for (const Entry& entry : entries_) {
+        if (last == nullptr || *last != entry.heading) {
+            if (last != nullptr) screen_.EndLine();
+            screen_.Put(entry.heading, Screen::Style::kTitle);
+            screen_.EndLine();
+        }
+        screen_.Put(entry.block);
+        last = &entry.heading;
+    }
+}
+
+}  // namespace orvale

@@ -1,0 +1,77 @@
+#include "command/show/RecordPrinter.h"
+#include "platform/Format.h"
+#include "platform/Text.h"
+
+namespace orvale {
+namespace {
+
+std::u16string Widen(std::string_view ascii) {
+    return {ascii.begin(), ascii.end()};
+}
+
+std::u16string OtherParty(const CSMSItem& sms) {
+    if (sms.name.empty()) return sms.phonenumber.empty() ? u"(nobody)" : sms.phonenumber;
+    return sms.phonenumber.empty() ? sms.name : sms.name + u" <" + sms.phonenumber + u">";
+}
+
+std::u16string Joined(const std::vector<std::u16string>& texts) {
+    std::u16string all;
+    for (const std::u16string& text : texts)
+        all += (all.empty() ? u"" : u", ") + text;
+    return all;
+}
+
+}  // namespace
+
+void RecordPrinter<CSMSItem>::Print(const CSMSItem& sms) {
+    if (count_++ != 0) screen_.EndLine();
+    screen_.Put(Screen::Fit(sms.time, 20), Screen::Style::kQuiet);
+    screen_.Put(" ");
+    const NamedValue* const box = FindValue(kSmsBoxTypes, sms.listtype);
+    screen_.Put(Screen::Fit(box != nullptr ? Widen(box->caption) : Format(u"box %d", sms.listtype), 11),
+                Screen::Style::kLabel);
+    screen_.Put(" ");
+    screen_.Put(OtherParty(sms), Screen::Style::kTitle);
+    std::u16string marks;
+    if (sms.status != 0) marks += Format(u"  status %d", sms.status);
+    if (sms.storageid != 0) marks += u"  " + Widen(ValueCaption(kSmsStorages, sms.storageid));
+    if (sms.smstype != 0) marks += Format(u"  type %d", sms.smstype);
+    screen_.Put(marks, Screen::Style::kQuiet);
+    screen_.EndLine();
+    if (sms.content.empty()) return;
+    screen_.Put("    ");
+    screen_.PutBlock(sms.content, 4);
+}
+
+void RecordPrinter<CEmailItem>::Print(const CEmailItem& email) {
+    if (count_++ != 0) screen_.EndLine();
+    screen_.Put(email.subject.empty() ? std::u16string(u"(no subject)") : email.subject, Screen::Style::kTitle);
+    screen_.EndLine();
+    const auto row = [&](const char* label, std::u16string_view value) {
+        if (!value.empty()) screen_.Row(label, value);
+    };
+    row("from", email.from);
+    row("to", email.to);
+    row("cc", email.cc);
+    row("bcc", email.bcc);
+    if (!email.sent.IsNone()) row("sent", DateText(email.sent));
+    if (!email.received.IsNone()) row("received", DateText(email.received));
+    std::u16string box = email.box;
+    if (email.type != 0) box += (box.empty() ? u"" : u", ") + Widen(ValueCaption(kEmailBoxTypes, email.type));
+    if (!email.folder.empty()) box += (box.empty() ? u"" : u", ") + email.folder;
+    row("box", box);
+    if (email.status != 0) row("status", Widen(FlagsCaption(kEmailStatus, email.status)));
+    if (email.device != 0) row("storage", Widen(ValueCaption(kEmailDevices, email.device)));
+    row("account", email.account);
+    if (email.importance != 0) row("importance", Widen(ValueCaption(kEmailImportances, email.importance)));
+    if (email.symbol != 0) row("flag", Widen(ValueCaption(kEmailSymbols, email.symbol)));
+    if (email.sensitivity != 0) row("sensitivity", Widen(ValueCaption(kEmailSensitivities, email.sensitivity)));
+    row("attachments", Joined(email.accessory));
+    row("identifier", email.entryid);
+    if (email.body.empty()) return;
+    screen_.EndLine();
+    screen_.Put("    ");
+    screen_.PutBlock(email.body, 4);
+}
+
+}  // namespace orvale

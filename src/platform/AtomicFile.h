@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace orvale {
+
+/// A file that comes into being whole or not at all. Bytes go to a new file beside the target; Commit syncs that and
+/// renames it over the target, so that whoever looks at any moment, also after a crash, finds the old file or the new
+/// one. Without a Commit the target stays as it was and nothing is left beside it.
+///
+/// Where the target is there already it must be writable; its mode stays, its owner where the system allows, and a link
+/// is followed. A device is written to as it stands. What the system refuses is thrown as std::system_error.
+class AtomicFile {
+ public:
+    explicit AtomicFile(const std::string& path);
+    ~AtomicFile();
+    AtomicFile(const AtomicFile&) = delete;
+    AtomicFile& operator=(const AtomicFile&) = delete;
+
+    void Write(std::string_view bytes);
+    void Commit();
+
+    /// Where the new file stands until Commit; empty for a device. Another writer may fill it, or replace it,
+    /// under this name.
+    const std::string& TemporaryPath() const { return temporary_; }
+
+ private:
+    void CreateBeside();
+    void HandOver();
+    void Close() noexcept;
+
+    std::string target_;     // with links followed
+    std::string temporary_;  // empty for a device, and after Commit
+    std::string gathered_;
+    int descriptor_ = -1;
+};
+
+}  // namespace orvale
