@@ -6,6 +6,7 @@
 
 #include "command/CommandError.h"
 #include "platform/CodePage.h"
+#include "platform/Text.h"
 
 namespace orvale {
 namespace {
@@ -92,7 +93,7 @@ void AddOptions(CLI::App& app, Arguments& arguments, int& codePage) {
     app.add_flag("--partial", order.partial, "of a damaged input take what comes before the damage");
     app.add_flag("--strict", order.strict, "write nothing and exit with 3 if something would be lost");
     app.add_flag_callback(
-        "--no-verify", [&order] { order.verify = false; }, "don't read the output back, and tell no loss");
+        "--no-verify", [&order] { order.verify = false; }, "don't read the output back: what it can't hold isn't told");
 }
 
 }  // namespace
@@ -128,7 +129,7 @@ std::optional<Arguments> ParseArguments(int count, const char* const* words, std
         text.insert(text.find(usage) + usage.size(), std::string(" ") + row.files);
         return std::nullopt;
     } catch (const CLI::ParseError& error) {
-        FailUsage(error.what());
+        FailUsage(Visible(FromUtf8(error.what())));
     }
 
     bool onlyFiles = false;
@@ -143,6 +144,11 @@ std::optional<Arguments> ParseArguments(int count, const char* const* words, std
     if (arguments.files.size() < row.least) FailUsage(std::string(row.word) + " takes " + row.files);
     if (arguments.files.size() > row.most)
         FailUsage("too many arguments; " + std::string(row.word) + " takes " + (row.most == 0 ? "none" : row.files));
+    for (const char* const option : {"--format", "--from", "--to", "--module"}) {
+        const CLI::Option* const found = app.get_option_no_throw(option);
+        if (found != nullptr && found->count() != 0 && found->as<std::string>().empty())
+            FailUsage(std::string(option) + " is empty");
+    }
     if (app.get_option_no_throw("--codepage") != nullptr && app.count("--codepage") != 0) {
         if (FindCodePage(codePage) == nullptr) FailUsage("unknown code page " + std::to_string(codePage));
         arguments.codePage = codePage;

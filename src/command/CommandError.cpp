@@ -1,6 +1,7 @@
 #include "command/CommandError.h"
 
 #include <cstdio>
+#include <iostream>
 
 #include "command/show/Screen.h"
 #include "platform/Text.h"
@@ -8,8 +9,8 @@
 namespace orvale {
 
 std::string ErrorLine(std::string_view file, std::string_view place, std::string_view reason) {
-    std::string line;
-    for (const std::string_view part : {file, place, reason}) {
+    std::string line = Visible(FromUtf8(file));
+    for (const std::string_view part : {place, reason}) {
         if (part.empty()) continue;
         if (!line.empty()) line += ": ";
         line += part;
@@ -25,8 +26,14 @@ void FailUsage(std::string_view reason) {
     throw CommandError(ExitCode::kUsage, std::string(reason));
 }
 
+std::string SystemReason(const std::error_code& error) {
+    if (error == std::errc::device_or_resource_busy) return "another program holds the file";
+    if (error == std::errc::illegal_byte_sequence) return "its name isn't UTF-8";
+    return error.message();
+}
+
 void TellUser(std::string_view line) {
-    std::fflush(stdout);
+    std::cout.flush();  // what was printed stands before what is told of it
     std::fprintf(stderr, "orvale: %.*s\n", static_cast<int>(line.size()), line.data());
 }
 

@@ -3,6 +3,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace orvale {
 
@@ -24,7 +25,8 @@ class CommandError : public std::runtime_error {
     ExitCode code_;
 };
 
-/// The one shape of an error line, "FILE: PLACE: REASON", without the parts that are empty.
+/// The one shape of an error line, "FILE: PLACE: REASON", without the parts that are empty. The file's name is made fit
+/// for a terminal: names are chosen by strangers too.
 std::string ErrorLine(std::string_view file, std::string_view place, std::string_view reason);
 
 /// Fails with a line about a file.
@@ -32,6 +34,9 @@ std::string ErrorLine(std::string_view file, std::string_view place, std::string
 
 /// Fails with a line about the command line.
 [[noreturn]] void FailUsage(std::string_view reason);
+
+/// What the system says of an error, in words that fit an error line.
+std::string SystemReason(const std::error_code& error);
 
 /// A line on standard error that doesn't end the work.
 void TellUser(std::string_view line);

@@ -1,5 +1,6 @@
 #include "command/Commands.h"
 
+#include <clocale>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
@@ -9,6 +10,7 @@
 #include "command/LogCommand.h"
 #include "command/Show.h"
 #include "command/json/FormatsJson.h"
+#include "platform/Interrupt.h"
 
 namespace orvale {
 namespace {
@@ -76,6 +78,8 @@ int Main(int count, const char* const* words) {
     };
     try {
         std::ios::sync_with_stdio(false);
+        std::setlocale(LC_CTYPE, "");  // the code page of text in files is that of the user's locale
+        CatchInterrupts();
         std::string text;
         const std::optional<Arguments> arguments = ParseArguments(count, words, text);
         ExitCode code = ExitCode::kDone;
@@ -86,6 +90,8 @@ int Main(int count, const char* const* words) {
         std::cout.flush();
         if (!std::cout) return fail(ExitCode::kFailed, "standard output: can't be written");
         return static_cast<int>(code);
+    } catch (const Interrupted&) {
+        return EndByInterrupt();
     } catch (const CommandError& error) {
         std::cout.flush();
         return fail(error.Code(), error.what());

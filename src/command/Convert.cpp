@@ -10,6 +10,7 @@
 #include "command/VCardScan.h"
 #include "platform/Clock.h"
 #include "platform/CodePage.h"
+#include "platform/Text.h"
 
 namespace orvale {
 namespace {
@@ -42,8 +43,10 @@ void AddScan(LossReport& report, const InputName& input, std::optional<std::uint
         if (finding.count == 0) return;
         report.AddLoss(what, finding.count, input.name + ", line " + std::to_string(finding.firstLine));
     };
-    add("lines with an unknown key, which joined the value before them", scan.unknownLines);
+    add("lines with an unknown key, which joined the value before them", scan.joinedLines);
+    add("lines that belong to no value, which were dropped", scan.droppedLines);
     add("lines outside of cards of version 2.1", scan.skippedLines);
+    add("ends of values behind a zero byte", scan.cutValues);
     add("bytes that code page " + std::to_string(ThreadCodePage().number) + " doesn't have", scan.badBytes);
 }
 
@@ -59,14 +62,20 @@ template <class Record>
 void Settle(Record&, const Record&) {}
 
 template <class Record>
-void Compare(LossReport& report, const Record& before, const Record& after, std::size_t number) {
+void Compare(LossReport& report, const Record& before, const Record& after, std::size_t number, bool throughUtf8) {
     Record settled = before;
     Settle(settled, after);
-    report.Compare(FactsOf(settled), FactsOf(after), number);
+    std::vector<Fact> facts = FactsOf(settled);
+    if (throughUtf8) {  // halves of characters are told once, by their number
+        for (Fact& fact : facts)
+            fact.value = FromUtf8(ToUtf8(fact.value));
+    }
+    report.Compare(facts, FactsOf(after), number);
 }
 
 template <class Record>
-void CompareWithInputs(LossReport& report, JoinedInputs& inputs, JoinedInputs& written, const std::string& shownName) {
+void CompareWithInputs(LossReport& report, JoinedInputs& inputs, JoinedInputs& written, const std::string& shownName,
+                       bool throughUtf8) {
     std::u16string flatBefore;
     std::u16string flatAfter;
     std::size_t number = 0;
@@ -77,9 +86,10 @@ void CompareWithInputs(LossReport& report, JoinedInputs& inputs, JoinedInputs& w
             FailFile(shownName, "record " + std::to_string(number), "was written and can't be read back");
         Flatten(*before, flatBefore);
         Flatten(*after, flatAfter);
-        if (flatBefore != flatAfter) Compare(report, *before, *after, number);
+        if (flatBefore != flatAfter) Compare(report, *before, *after, number, throughUtf8);
     }
-    if (written.Next<Record>() != nullptr) FailFile(shownName, "", "more came back than was written");
+    if (written.Next<Record>() != nullptr)
+        FailFile(shownName, "", "a value holds what begins a record of this format: more came back than was written");
 }
 
 template <class Record>
@@ -91,12 +101,14 @@ ExitCode ConvertRecords(const LoadedLibrary& library, const ConvertOrder& order,
         if (!order.partial) FailFile(name, place, "damaged from here on; --partial takes what came before");
         TellUser(ErrorLine(name, place, "damaged from here on and left out"));
     };
-    RecordOutput output(library, to, kind, order.output);
+    RecordOutput output(library, to, kind, order.output, order.force);
     while (const Record* record = inputs.Next<Record>())
         output.Put(*record);
     output.Finish();
 
     LossReport report{std::string(RecordWord(kind))};
+    for (const std::string& name : inputs.NamesWithProfile())
+        report.AddLoss("profile", 1, name);
     for (std::size_t i = 0; i < names.size(); ++i)
         AddScan(report, names[i], inputs.BrokenAt()[i]);
     if (output.Replaced() != 0)
@@ -107,10 +119,11 @@ ExitCode ConvertRecords(const LoadedLibrary& library, const ConvertOrder& order,
             files.push_back({file, &to, true});
         JoinedInputs again(library, names);
         JoinedInputs written(library, files);
+        // All records came back if the comparison ends: what is left behind the last one are pieces of a value.
         written.onDamage = [&](const std::string&, const std::string& place) {
-            FailFile(order.output, place, "was written and can't be read back");
+            report.AddLoss("pieces of a value that ends its record", 1, place);
         };
-        CompareWithInputs<Record>(report, again, written, order.output);
+        CompareWithInputs<Record>(report, again, written, order.output, !to.type);
     }
     for (const std::string& line : report.Lines())
         TellUser(ErrorLine(order.output, "", line));

@@ -5,6 +5,8 @@
 #include "command/Kinds.h"
 #include "command/RecordInput.h"
 #include "command/json/FormatsJson.h"
+#include "command/show/Screen.h"
+#include "platform/Text.h"
 
 namespace orvale {
 namespace {
@@ -38,9 +40,10 @@ bool LacksItsRecord(const RecordInput& input) {
 
 void Print(const FileInfo& info) {
     const std::string noun = info.records == 1 ? "record" : "records";
-    std::cout << info.file << ": " << info.format << " (" << info.kind << "), version " << info.fileVersion << ", ";
+    std::cout << Visible(FromUtf8(info.file)) << ": " << info.format << " (" << info.kind << "), version "
+              << info.fileVersion << ", ";
     if (!info.header) std::cout << "header unreadable, ";
-    std::cout << info.verifyName << ", " << info.records << ' ' << noun;
+    std::cout << info.verifyName << " (" << info.verifyCode << "), " << info.records << ' ' << noun;
     if (info.truncated) std::cout << ", damaged end";
     std::cout << '\n';
 }

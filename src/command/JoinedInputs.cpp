@@ -4,6 +4,11 @@
 
 namespace orvale {
 
+void JoinedInputs::OpenNext() {
+    input_ = std::make_unique<RecordInput>(library_, names_[place_]);
+    if (input_->HasProfile()) namesWithProfile_.push_back(names_[place_].name);
+}
+
 void JoinedInputs::JudgeEnd() {
     const InputName& name = names_[place_];
     if (name.format->endRule == EndRule::kOneRecord && input_->Count() == 0)

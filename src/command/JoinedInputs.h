@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "command/RecordInput.h"
+#include "platform/Interrupt.h"
 
 namespace orvale {
 
@@ -20,7 +21,8 @@ class JoinedInputs {
     template <class Record>
     const Record* Next() {
         for (; place_ < names_.size(); ++place_, input_.reset()) {
-            if (!input_) input_ = std::make_unique<RecordInput>(library_, names_[place_]);
+            if (!input_) OpenNext();
+            ThrowIfInterrupted();
             if (const Record* record = input_->Next<Record>()) {
                 ++count_;
                 return record;
@@ -35,15 +37,20 @@ class JoinedInputs {
     /// Where each input that was read is damaged; none for one that is whole.
     const std::vector<std::optional<std::uint64_t>>& BrokenAt() const { return brokenAt_; }
 
+    /// The files that were opened and carry a profile.
+    const std::vector<std::string>& NamesWithProfile() const { return namesWithProfile_; }
+
     /// Called at each damaged end with the file and its place, "record 18, byte 2045".
     std::function<void(const std::string& file, const std::string& place)> onDamage;
 
  private:
+    void OpenNext();
     void JudgeEnd();
 
     const LoadedLibrary& library_;
     const std::vector<InputName>& names_;
     std::vector<std::optional<std::uint64_t>> brokenAt_;
+    std::vector<std::string> namesWithProfile_;
     std::size_t place_ = 0;
     std::size_t count_ = 0;
     std::unique_ptr<RecordInput> input_;

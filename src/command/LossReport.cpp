@@ -84,11 +84,20 @@ bool LossReport::HasLoss() const {
 }
 
 std::vector<std::string> LossReport::Lines() const {
+    constexpr const char* kWords[] = {"lost", "changed", "added", "moved"};
+    constexpr std::size_t kMostKinds =
+        40;  // of each fate: a file with thousands of type numbers must not flood the user
+    std::map<Fate, std::size_t> kinds;
     std::vector<std::string> lines;
     for (const auto& [key, tally] : tallies_) {
-        constexpr const char* kWords[] = {"lost", "changed", "added", "moved"};
+        if (++kinds[key.first] > kMostKinds) continue;
         lines.push_back(std::string(kWords[static_cast<int>(key.first)]) + ": " + key.second + ": " +
                         std::to_string(tally.count) + ", first in " + tally.firstPlace);
+    }
+    for (const auto& [fate, count] : kinds) {
+        if (count <= kMostKinds) continue;
+        lines.push_back(std::string(kWords[static_cast<int>(fate)]) + ": " + std::to_string(count - kMostKinds) +
+                        " more kinds of values");
     }
     return lines;
 }

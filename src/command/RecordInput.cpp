@@ -45,9 +45,7 @@ RecordInput::RecordInput(const LoadedLibrary& library, const InputName& input) :
         file_.emplace(library, *input.format->type);
         file_->Open(input.name, OpenMode::kRead);
     } catch (const std::system_error& error) {
-        FailFile(input.name, "",
-                 error.code() == std::errc::device_or_resource_busy ? "another program holds the file"
-                                                                    : error.code().message());
+        FailFile(input.name, "", SystemReason(error.code()));
     } catch (const std::runtime_error& error) {
         FailFile(input.name, "", error.what());
     }
@@ -68,6 +66,7 @@ bool RecordInput::IsCutRecord(const CSMSItem& sms) const {
 }
 
 std::optional<std::uint64_t> RecordInput::BrokenAt() {
+    if (document_) return document_->BrokenAt();
     const EndRule rule = input_.format->endRule;
     if (!file_ || !headerRead_ || rule == EndRule::kNone || rule == EndRule::kOneRecord) return std::nullopt;
     if (wholeEnd_ >= length_) return std::nullopt;
@@ -122,6 +121,7 @@ void ResolveFolder(const std::string& name, const std::string& formatName, std::
     const Format& format = formatName.empty() ? *FormatOfFolders() : FormatOfName(formatName);
     if (format.endRule != EndRule::kOneRecord) FailFile(name, "", "is a folder");
     std::vector<std::string> files;
+    std::vector<std::string> others;
     std::error_code error;
     for (std::filesystem::directory_iterator entry(name, error), end; !error && entry != end; entry.increment(error)) {
         std::error_code ignored;
@@ -129,11 +129,12 @@ void ResolveFolder(const std::string& name, const std::string& formatName, std::
         if (DetectFormat(entry->path()) == &format)
             files.push_back(entry->path().string());
         else
-            TellUser(ErrorLine(entry->path().string(), "",
-                               "passed over, for it is no file of the format " + std::string(format.name)));
+            others.push_back(entry->path().string());
     }
     if (error) FailFile(name, "", error.message());
     if (files.empty()) FailFile(name, "", "is a folder without a file of the format " + std::string(format.name));
+    for (const std::string& other : others)
+        TellUser(ErrorLine(other, "", "passed over, for it is no file of the format " + std::string(format.name)));
     std::sort(files.begin(), files.end(), NameComesBefore);
     for (const std::string& file : files)
         inputs.push_back({file, &format, !formatName.empty()});
@@ -142,6 +143,7 @@ void ResolveFolder(const std::string& name, const std::string& formatName, std::
 }  // namespace
 
 std::vector<InputName> ResolveInputs(const std::vector<std::string>& names, const std::string& formatName) {
+    if (!formatName.empty()) FormatOfName(formatName);  // a wrong word is told before a wrong file
     std::vector<InputName> inputs;
     for (const std::string& name : names) {
         std::error_code error;
@@ -149,6 +151,8 @@ std::vector<InputName> ResolveInputs(const std::vector<std::string>& names, cons
         if (!std::filesystem::exists(status)) FailFile(name, "", error ? error.message() : "no such file");
         if (std::filesystem::is_directory(status))
             ResolveFolder(name, formatName, inputs);
+        else if (!std::filesystem::is_regular_file(status))
+            FailFile(name, "", "is no regular file");
         else
             inputs.push_back(ResolveFile(name, formatName));
     }

@@ -29,6 +29,9 @@ class RecordInput {
     Kind GetKind() const { return document_ ? document_->GetKind() : *input_.format->kind; }
     const InputName& Name() const { return input_; }
 
+    /// Whether the file carries a profile.
+    bool HasProfile() const { return document_ && document_->Profile(); }
+
     // A JSON document answers like a native file that is in order.
     std::int32_t FileVersion() { return file_ ? file_->FileVersion() : 1; }
     bool HeaderRead() const { return headerRead_; }

@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "command/CommandError.h"
+#include "platform/Text.h"
 
 namespace orvale {
 namespace {
@@ -20,9 +21,11 @@ std::string NumberedName(std::size_t number, std::string_view extension) {
 
 }  // namespace
 
-RecordOutput::RecordOutput(const LoadedLibrary& library, const Format& format, Kind kind, std::string target)
-    : library_(library), format_(format), target_(std::move(target)) {
+RecordOutput::RecordOutput(const LoadedLibrary& library, const Format& format, Kind kind, std::string target,
+                           bool replaces)
+    : library_(library), format_(format), target_(std::move(target)), replaces_(replaces) {
     try {
+        HoldTarget();
         single_.emplace(target_);
         files_.push_back(single_->TemporaryPath());
         if (format.type) {
@@ -33,8 +36,17 @@ RecordOutput::RecordOutput(const LoadedLibrary& library, const Format& format, K
             document_.emplace(stream_, kind);
         }
     } catch (const std::system_error& error) {
-        FailFile(target_, "", error.code().message());
+        FailFile(target_, "", SystemReason(error.code()));
     }
+}
+
+// What can't be opened for another reason is judged by the writing.
+void RecordOutput::HoldTarget() {
+    std::error_code error;
+    const bool there = fs::exists(fs::path(target_), error);
+    if (there && held_.Open(FromUtf8(target_).c_str(), CFile::kModeRead | CFile::kShareExclusive, &error) == 0 &&
+        error == std::errc::device_or_resource_busy)
+        throw std::system_error(error);
 }
 
 void RecordOutput::OpenFile(const std::string& path) {
@@ -58,7 +70,7 @@ void RecordOutput::NextFile() {
         files_.push_back((folder_->Path() / NumberedName(count_ + 1, format_.extension)).string());
         OpenFile(files_.back());
     } catch (const std::system_error& error) {
-        FailFile(target_, "record " + std::to_string(count_ + 1), error.code().message());
+        FailFile(target_, "record " + std::to_string(count_ + 1), SystemReason(error.code()));
     }
 }
 
@@ -78,9 +90,9 @@ void RecordOutput::Commit() {
         if (folder_)
             folder_->Commit();
         else
-            single_->Commit();
+            single_->Commit(replaces_ ? AtomicFile::Existing::kReplaced : AtomicFile::Existing::kKept);
     } catch (const std::system_error& error) {
-        FailFile(target_, "", error.code().message());
+        FailFile(target_, "", SystemReason(error.code()));
     }
 }
 

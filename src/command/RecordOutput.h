@@ -19,7 +19,9 @@ namespace orvale {
 /// ends the work with an error line.
 class RecordOutput {
  public:
-    RecordOutput(const LoadedLibrary& library, const Format& format, Kind kind, std::string target);
+    /// A target that is there is replaced only where `replaces` says so, also one that comes into being meanwhile; it
+    /// is held against other programs until then.
+    RecordOutput(const LoadedLibrary& library, const Format& format, Kind kind, std::string target, bool replaces);
 
     template <class Record>
     void Put(const Record& record) {
@@ -43,6 +45,7 @@ class RecordOutput {
 
  private:
     bool OneRecordAFile() const { return format_.endRule == EndRule::kOneRecord; }
+    void HoldTarget();
     void OpenFile(const std::string& path);
     void NextFile();
     template <class Record>
@@ -55,6 +58,8 @@ class RecordOutput {
     const LoadedLibrary& library_;
     const Format& format_;
     std::string target_;
+    bool replaces_;
+    CFile held_;  // the target that is to be replaced
     std::optional<AtomicFile> single_;
     std::optional<PendingFolder> folder_;
     std::vector<std::string> files_;

@@ -49,7 +49,8 @@ ExitCode Show(const LoadedLibrary& library, const ShowOrder& order) {
         else
             ShowListing<Record>(input, order, kind);
     });
-    std::cout.flush();
+    for (const std::string& name : input.NamesWithProfile())
+        damages.empty() ? TellUser(ErrorLine(name, "", "its profile isn't shown")) : void();
     for (const std::string& line : damages)
         TellUser(line);
     return damages.empty() ? ExitCode::kDone : ExitCode::kFailed;

@@ -5,6 +5,7 @@
 
 #include "platform/CodePage.h"
 #include "platform/Text.h"
+#include "records/QuotedPrintable.h"
 #include "records/VCardKeys.h"
 
 namespace orvale {
@@ -23,46 +24,103 @@ bool TakeRawLine(std::streambuf& in, std::string& line) {
     return !line.empty();
 }
 
+class Scanner {
+ public:
+    VCardScan scan;
+
+    void Line(const std::string& raw, std::size_t number) {
+        const std::size_t zero = raw.find('\0');
+        const std::size_t replaced = converter_.Replaced();
+        const std::u16string wide = converter_.ToWide(raw);
+        const std::size_t bad = converter_.Replaced() - replaced;
+        const std::u16string_view line = Trim(wide);
+        switch (place_) {
+            case Place::kOutside:
+                if (EqualsNoCase(line, u"BEGIN:VCARD"))
+                    place_ = Place::kBeforeVersion;
+                else if (!line.empty())
+                    scan.skippedLines.Add(number);
+                return;
+            case Place::kBeforeVersion:
+                if (EqualsNoCase(line, u"VERSION:2.1"))
+                    place_ = Place::kInCard;
+                else if (!line.empty())
+                    scan.skippedLines.Add(number);
+                hasValue_ = false;
+                return;
+            case Place::kInCard:
+                break;
+        }
+        scan.badBytes.Add(number, bad);
+        scan.cutValues.Add(number, zero != std::string::npos && zero + 2 < raw.size() ? 1 : 0);
+        if (EqualsNoCase(line, u"END:VCARD")) {
+            EndLogicalLine();
+            place_ = Place::kOutside;
+        } else if (line.find(u':') == std::u16string_view::npos && parts_ != 0) {
+            logical_ += line;  // it continues the line before it
+            parts_ += !line.empty();
+        } else {
+            EndLogicalLine();
+            logical_ = line;
+            parts_ = 1;
+            firstPart_ = number;
+        }
+    }
+
+ private:
+    enum class Place { kOutside, kBeforeVersion, kInCard };
+
+    void EndLogicalLine() {
+        const std::u16string_view line = logical_;
+        const std::size_t colon = line.find(u':');
+        const std::u16string_view key = Trim(line.substr(0, colon));
+        const std::int32_t id = key.empty() ? PROPERTY_UNKNOWN : GetPropertyId(key);
+        if (id == PROPERTY_UNKNOWN) {
+            (hasValue_ ? scan.joinedLines : scan.droppedLines).Add(firstPart_, line.empty() ? 0 : parts_);
+        } else if (id == PROPERTY_IGNORED) {
+            scan.droppedLines.Add(firstPart_ + 1, parts_ - 1);
+        } else {
+            hasValue_ = hasValue_ || colon + 1 < line.size();
+        }
+        // The reader decodes every value, and of a line that joined one all of it.
+        if (id == PROPERTY_UNKNOWN)
+            Decode(line);
+        else if (id != PROPERTY_IGNORED)
+            Decode(line.substr(colon + 1));
+        logical_.clear();
+        parts_ = 0;
+    }
+
+    void Decode(std::u16string_view value) {
+        if (value.find(u'=') == std::u16string_view::npos) return;
+        const std::string bytes = QuotedPrintableBytes(value, converter_);
+        const std::size_t replaced = converter_.Replaced();
+        converter_.ToWide(bytes);
+        // What the raw bytes lacked was counted with their line, and stands as U+FFFD here.
+        scan.badBytes.Add(firstPart_, converter_.Replaced() - replaced);
+        scan.cutValues.Add(firstPart_, bytes.find('\0') != std::string::npos ? 1 : 0);
+    }
+
+    TextConverter converter_;
+    Place place_ = Place::kOutside;
+    bool hasValue_ = false;
+    std::u16string logical_;
+    std::size_t parts_ = 0;  // how many lines of the file it is of
+    std::size_t firstPart_ = 0;
+};
+
 }  // namespace
 
 VCardScan ScanVCard(const std::filesystem::path& path, std::uint64_t end) {
-    VCardScan scan;
+    Scanner scanner;
     std::ifstream in(path, std::ios::binary);
-    TextConverter converter;
-    enum class Place { kOutside, kBeforeVersion, kInCard } place = Place::kOutside;
     std::string raw;
-    bool hasValue = false;
     std::uint64_t offset = 0;
     for (std::size_t number = 1; in && offset < end && TakeRawLine(*in.rdbuf(), raw); ++number) {
         offset += raw.size();
-        const std::size_t replaced = converter.Replaced();
-        const std::u16string wide = converter.ToWide(raw);
-        for (std::size_t i = replaced; i < converter.Replaced(); ++i)
-            scan.badBytes.Add(number);
-        const std::u16string_view line = Trim(wide);
-        if (place == Place::kOutside) {
-            if (EqualsNoCase(line, u"BEGIN:VCARD"))
-                place = Place::kBeforeVersion;
-            else if (!line.empty())
-                scan.skippedLines.Add(number);
-        } else if (place == Place::kBeforeVersion) {
-            if (EqualsNoCase(line, u"VERSION:2.1")) {
-                place = Place::kInCard;
-                hasValue = false;
-            } else if (!line.empty()) {
-                scan.skippedLines.Add(number);
-            }
-        } else if (EqualsNoCase(line, u"END:VCARD")) {
-            place = Place::kOutside;
-        } else if (const std::size_t colon = line.find(u':'); colon != std::u16string_view::npos) {
-            const bool known = GetPropertyId(Trim(line.substr(0, colon))) != PROPERTY_UNKNOWN;
-            if (!known) scan.unknownLines.Add(number);
-            hasValue = hasValue || known;
-        } else if (!hasValue && !line.empty()) {
-            scan.unknownLines.Add(number);  // a line that continues nothing
-        }
+        scanner.Line(raw, number);
     }
-    return scan;
+    return scanner.scan;
 }
 
 }  // namespace orvale

@@ -12,14 +12,17 @@ struct VCardScan {
         std::size_t count = 0;
         std::size_t firstLine = 0;  // from 1
 
-        void Add(std::size_t line) {
-            if (count++ == 0) firstLine = line;
+        void Add(std::size_t line, std::size_t times = 1) {
+            if (times != 0 && count == 0) firstLine = line;
+            count += times;
         }
     };
 
-    Finding unknownLines;  ///< lines of cards whose key no row of the table holds: they join the value before them
-    Finding skippedLines;  ///< lines outside of cards, and of cards of another version: they are passed over
-    Finding badBytes;      ///< bytes that are no character of the code page
+    Finding joinedLines;   ///< lines of cards whose key no row of the table holds: they join the value before them
+    Finding droppedLines;  ///< the same before a card's first value, and lines that continue an ignored one: dropped
+    Finding skippedLines;  ///< lines outside of cards, and of cards of another version: passed over
+    Finding cutValues;     ///< values that a zero byte cuts off
+    Finding badBytes;      ///< bytes that are no character of the code page, also those that quoted-printable tells
 };
 
 /// Scans a file up to an offset, its end, or a line that no reader gets past. A file that can't be read has no

@@ -6,9 +6,9 @@
 #include <cstring>
 
 #include "frame/Log.h"
-#include "frame/QuotedPrintable.h"
 #include "frame/UtcText.h"
 #include "platform/Format.h"
+#include "records/QuotedPrintable.h"
 
 namespace {
 

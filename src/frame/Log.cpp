@@ -45,10 +45,7 @@ void LogInit(const std::u16string_view* moduleName, const std::int32_t* isLibrar
         if (path.empty() || path.substr(path.rfind(u'/') + 1) != shortName) return;
         const auto value = ReadRegistryNumber(kLogRegistryKey, path);
         if (!value) return;
-        std::u16string beside = path;
-        if (const std::size_t dot = path.rfind(u'.'); dot != std::u16string::npos)
-            beside = path.substr(0, dot) + u".log";
-        LogPath() = Trim(beside);
+        LogPath() = Trim(LogPathOf(path));
         logSwitch = *value;
     } catch (...) {  // a log that can't be set up is a log that is off
         logSwitch = *defaultSwitch;

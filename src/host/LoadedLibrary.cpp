@@ -1,6 +1,7 @@
 #include "host/LoadedLibrary.h"
 
 #include "platform/ModulePath.h"
+#include "records/LogSwitch.h"
 
 // From the folder of programs to that of the module in an installed tree.
 #ifndef ORVALE_MODULE_FROM_BIN
@@ -8,17 +9,14 @@
 #endif
 
 namespace orvale {
-namespace {
-
-constexpr const char* kFileName = "Orvale.so";
-
-}  // namespace
-
 LoadedLibrary::LoadedLibrary(const std::filesystem::path& path)
-    : path_(std::filesystem::absolute(path).lexically_normal()),  // a bare name would send the loader searching
+    : path_(AbsolutePath(path)),  // a bare name would send the loader searching
       library_(path_.native()),
       create_(library_.Get<decltype(::CreateObject)>("CreateObject")),
-      release_(library_.Get<decltype(::ReleaseObject)>("ReleaseObject")) {}
+      release_(library_.Get<decltype(::ReleaseObject)>("ReleaseObject")) {
+    library_.Get<decltype(::QZCreateFileObject)>("QZCreateFileObject");
+    library_.Get<decltype(::QZReleaseFileObject)>("QZReleaseFileObject");
+}
 
 LoadedLibrary::Object LoadedLibrary::Create(FileType type) const {
     CFileInterface* object = nullptr;
@@ -33,8 +31,8 @@ void LoadedLibrary::Release::operator()(CFileInterface* object) const {
 
 std::filesystem::path LoadedLibrary::DefaultPath() {
     const std::filesystem::path folder = std::filesystem::path(ProgramPath()).parent_path();
-    const std::filesystem::path beside = folder / kFileName;
-    const std::filesystem::path installed = folder / ORVALE_MODULE_FROM_BIN / kFileName;
+    const std::filesystem::path beside = folder / kModuleFileName;
+    const std::filesystem::path installed = folder / ORVALE_MODULE_FROM_BIN / kModuleFileName;
     std::error_code ignored;
     return !std::filesystem::exists(beside, ignored) && std::filesystem::exists(installed, ignored)
                ? installed.lexically_normal()

@@ -7,6 +7,7 @@
 #include <array>
 #include <cerrno>
 #include <climits>
+#include <cstdio>
 #include <random>
 #include <system_error>
 
@@ -60,6 +61,15 @@ void SyncFolder(const std::string& path) noexcept {
     if (descriptor < 0) return;
     fsync(descriptor);
     close(descriptor);
+}
+
+// Renames where nothing stands at the target. Not every file system can do that in one step.
+int RenameToFreeName(const char* from, const char* to) {
+    const int result = renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE);
+    if (result == 0 || (errno != EINVAL && errno != ENOSYS)) return result;
+    if (access(to, F_OK) != 0) return rename(from, to);
+    errno = EEXIST;
+    return -1;
 }
 
 }  // namespace
@@ -129,12 +139,14 @@ void AtomicFile::HandOver() {
     gathered_.clear();
 }
 
-void AtomicFile::Commit() {
+void AtomicFile::Commit(Existing existing) {
     if (descriptor_ < 0) Throw(EBADF, "commit");
     HandOver();
     if (!temporary_.empty()) {
         SyncFile(temporary_);
-        Check(rename(temporary_.c_str(), target_.c_str()) == 0, "rename");
+        const char* const from = temporary_.c_str();
+        const char* const to = target_.c_str();
+        Check((existing == Existing::kKept ? RenameToFreeName(from, to) : rename(from, to)) == 0, "rename");
         temporary_.clear();
         SyncFolder(Beside(target_, "."));
     }

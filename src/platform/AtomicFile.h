@@ -19,7 +19,11 @@ class AtomicFile {
     AtomicFile& operator=(const AtomicFile&) = delete;
 
     void Write(std::string_view bytes);
-    void Commit();
+    /// What becomes of a target that is there by the time of the commit.
+    enum class Existing { kReplaced, kKept };
+
+    /// Puts the new file in its place. Fails with EEXIST where an existing target is to be kept.
+    void Commit(Existing existing = Existing::kReplaced);
 
     /// Where the new file stands until Commit; empty for a device. Another writer may fill it, or replace it,
     /// under this name.

@@ -1,11 +1,11 @@
 #include "platform/DateValue.h"
 
-#include <locale.h>
 #include <time.h>
 
 #include <cmath>
 
 #include "platform/Clock.h"
+#include "platform/KeptLocale.h"
 #include "platform/Text.h"
 
 namespace orvale {
@@ -111,10 +111,10 @@ std::optional<std::u16string> LocaleText(const DateValue& date) {
     const char* const format = noDate ? "%X" : noTime ? "%x" : "%x %X";
     tm parts = ToTm(*fields);
     parts.tm_wday = DayOfWeek(*fields);
-    static const locale_t user = newlocale(LC_TIME_MASK | LC_CTYPE_MASK, "", nullptr);
+    static const KeptLocale user(LC_TIME_MASK | LC_CTYPE_MASK, "");
     char text[256];
-    const std::size_t size = user != nullptr ? strftime_l(text, sizeof text, format, &parts, user)
-                                             : strftime(text, sizeof text, format, &parts);
+    const std::size_t size = user.Get() != nullptr ? strftime_l(text, sizeof text, format, &parts, user.Get())
+                                                   : strftime(text, sizeof text, format, &parts);
     return FromUtf8({text, size});
 }
 

@@ -18,6 +18,8 @@ constexpr std::uint64_t kLargest = 1024 * 1024;
 std::string ReadBytes(const std::string& path) {
     CFile file;
     std::error_code error;
+    if (ToUtf8(FromUtf8(path)) != path)
+        throw std::system_error(std::make_error_code(std::errc::illegal_byte_sequence), path);
     if (file.Open(FromUtf8(path).c_str(), CFile::kModeRead, &error) == 0) {
         if (error == std::errc::no_such_file_or_directory) return {};
         throw std::system_error(error, path);
@@ -29,32 +31,36 @@ std::string ReadBytes(const std::string& path) {
     return bytes;
 }
 
-// The lines of a text, without their line ends and the mark that may stand before the first.
+// The lines of a text, each with its line end, the first with the mark that may stand before it.
 std::vector<std::u16string> LinesOf(std::u16string_view text) {
     std::vector<std::u16string> lines;
-    if (!text.empty() && text.front() == 0xFEFF) text.remove_prefix(1);
     while (!text.empty()) {
-        const std::size_t end = std::min(text.find(u'\n'), text.size());
-        const bool hasReturn = end > 0 && text[end - 1] == u'\r';
-        lines.emplace_back(text.substr(0, end - hasReturn));
-        text.remove_prefix(std::min(end + 1, text.size()));
+        const std::size_t end = std::min(text.find(u'\n'), text.size() - 1) + 1;
+        lines.emplace_back(text.substr(0, end));
+        text.remove_prefix(end);
     }
     return lines;
 }
 
+// What a line says: neither its mark nor its line end.
+std::u16string_view Content(std::u16string_view line) {
+    if (line.starts_with(u'\xFEFF')) line.remove_prefix(1);
+    return Trim(line);
+}
+
 bool IsKeyLine(std::u16string_view line) {
-    line = Trim(line);
+    line = Content(line);
     return line.size() >= 2 && line.front() == u'[' && line.back() == u']';
 }
 
 bool IsLineOfKey(std::u16string_view line, std::u16string_view key) {
-    line = Trim(line);
+    line = Content(line);
     return IsKeyLine(line) && EqualsNoCase(line.substr(1, line.size() - 2), key);
 }
 
 // The data behind `"name"=` of a value line; none if the line holds another value or none.
 std::optional<std::u16string_view> DataOfValue(std::u16string_view line, std::u16string_view valueName) {
-    line = Trim(line);
+    line = Content(line);
     if (line.empty() || line.front() != u'"') return std::nullopt;
     std::u16string name;
     std::size_t i = 1;
@@ -144,6 +150,7 @@ void WriteRegistryNumber(std::u16string_view key, std::u16string_view valueName,
     line += u"\"=dword:";
     for (int shift = 28; shift >= 0; shift -= 4)
         line += u"0123456789abcdef"[number >> shift & 15];
+    line += u"\r\n";
 
     std::size_t place = lines.size();
     bool inKey = false;
@@ -151,24 +158,26 @@ void WriteRegistryNumber(std::u16string_view key, std::u16string_view valueName,
     for (std::size_t i = 0; i < lines.size() && !replaced; ++i) {
         if (IsKeyLine(lines[i])) inKey = IsLineOfKey(lines[i], key);
         if (!inKey) continue;
-        if (!Trim(lines[i]).empty()) place = i + 1;
+        if (!Content(lines[i]).empty()) place = i + 1;
         replaced = DataOfValue(lines[i], valueName).has_value();
         if (replaced) lines[i] = line;
     }
     if (!replaced) {
         if (place == lines.size() && !inKey) {
-            if (lines.empty()) lines.emplace_back(u"Windows Registry Editor Version 5.00");
-            lines.emplace_back();
-            lines.push_back(u"[" + std::u16string(key) + u"]");
+            if (lines.empty()) lines.emplace_back(u"Windows Registry Editor Version 5.00\r\n");
+            if (!lines.back().ends_with(u'\n')) lines.back() += u"\r\n";
+            lines.emplace_back(u"\r\n");
+            lines.push_back(u"[" + std::u16string(key) + u"]\r\n");
             place = lines.size();
         }
+        if (place > 0 && !lines[place - 1].ends_with(u'\n')) lines[place - 1] += u"\r\n";
         lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(place), line);
     }
 
     if (path.has_parent_path()) std::filesystem::create_directories(path.parent_path());
     AtomicFile file(path.native());
     for (const std::u16string& each : lines)
-        file.Write(ToUtf8(each) + "\r\n");
+        file.Write(ToUtf8(each));
     file.Commit();
 }
 

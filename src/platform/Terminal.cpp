@@ -1,8 +1,9 @@
 #include "platform/Terminal.h"
 
-#include <locale.h>
 #include <unistd.h>
 #include <wchar.h>
+
+#include "platform/KeptLocale.h"
 
 namespace orvale {
 
@@ -13,9 +14,9 @@ bool IsTerminal(StandardStream stream) {
 int DisplayWidth(char32_t character) {
     if (character >= 0x20 && character < 0x7F) return 1;
     // wcwidth looks at the thread's locale and has no sister that takes one.
-    static const locale_t unicode = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-    if (unicode == nullptr) return 1;
-    const locale_t before = uselocale(unicode);
+    static const KeptLocale unicode(LC_CTYPE_MASK, "C.UTF-8");
+    if (unicode.Get() == nullptr) return 1;
+    const locale_t before = uselocale(unicode.Get());
     const int width = wcwidth(static_cast<wchar_t>(character));
     uselocale(before);
     return width < 0 ? 1 : width;

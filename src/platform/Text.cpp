@@ -1,18 +1,18 @@
 #include "platform/Text.h"
 
 #include <langinfo.h>
-#include <locale.h>
 #include <wctype.h>
 
 #include <algorithm>
 
+#include "platform/KeptLocale.h"
+
 namespace orvale {
 namespace {
 
-// Building a locale object costs more than reading a hundred records, so there is one, made at first need.
 locale_t UnicodeLocale() {
-    static const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-    return locale;
+    static const KeptLocale locale(LC_CTYPE_MASK, "C.UTF-8");
+    return locale.Get();
 }
 
 constexpr char16_t kReplacement = 0xFFFD;

@@ -42,7 +42,11 @@ TEST_F(CommandLineTest, EndsWithACodeAndOneLine) {
         {"show --format", 2, "--format"},
         {"show --codepage 7 ann.qzs", 2, "unknown code page 7"},
         {"show missing.qzs", 1, "missing.qzs: No such file or directory"},
-        {"show .", 1, ".: is a folder"},
+        {"show .", 1, ".: is a folder without a file of the format vcalendar"},
+        {"show --format bogus missing.qzs", 2, "unknown format 'bogus'"},
+        {"show --format '' ann.qzs", 2, "--format is empty"},
+        {"show /dev/zero", 1, "/dev/zero: is no regular file"},
+        {"show '\033[31mno\nsuch'", 1, "^[[31mno^Jsuch: No such file or directory"},
         {"show note.txt", 1, "note.txt: not recognised as any format"},
         {"show --format qzs note.txt", 1, "note.txt: its header can't be read (VERIFY_WRONG_FLAG)"},
         {"info missing.qzs", 1, "missing.qzs: No such file or directory"},
@@ -58,6 +62,8 @@ TEST_F(CommandLineTest, EndsWithACodeAndOneLine) {
          "--strict needs the reading back that --no-verify leaves out"},
         {"log nonsense", 2, "the log is off, file, debug or both, not 'nonsense'"},
         {"show --module missing.so ann.qzs", 1, "missing.so"},
+        {"log nonsense --module missing.so", 2, "the log is off, file, debug or both, not 'nonsense'"},
+        {"log file --module .", 1, "is no file"},
     };
     for (const auto& each : kCases) {
         SCOPED_TRACE(each.words);
@@ -108,7 +114,8 @@ TEST_F(CommandLineTest, InfoGoesOnAfterAFileThatFails) {
     EXPECT_THAT(outcome.output, HasSubstr("\"file\": \"ann.json\""));
     EXPECT_THAT(RunOrvale(folder, "info --json ann.qzs").output,
                 StartsWith("{\n  \"file\": \"ann.qzs\",\n  \"format\": \"qzs\","));
-    EXPECT_EQ(RunOrvale(folder, "info ann.qzs").output, "ann.qzs: qzs (contacts), version 100, VERIFY_OK, 1 record\n");
+    EXPECT_EQ(RunOrvale(folder, "info ann.qzs").output,
+              "ann.qzs: qzs (contacts), version 100, VERIFY_OK (0), 1 record\n");
 }
 
 TEST_F(CommandLineTest, ContentTellsTheFormatBeforeTheExtension) {

@@ -125,6 +125,50 @@ TEST_F(ConvertTest, TellsWhatAVCardReaderCantMakeOut) {
     EXPECT_FALSE(fs::exists(folder / "b.qzs"));
 }
 
+// What a card's line becomes in the report; each is a loss.
+TEST_F(ConvertTest, NothingOfACardGoesInSilence) {
+    const struct {
+        std::string lines;
+        const char* loss;
+    } kCases[] = {
+        {"NOTE;ENCODING=QUOTED-PRINTABLE:M=FCller\r\n",
+         "bytes that code page 65001 doesn't have: 1, first in in.vcf, line 4"},
+        {std::string("TITLE:x\0yz\r\n", 12), "ends of values behind a zero byte: 1, first in in.vcf, line 4"},
+        {"ROLE:a=00b\r\n", "ends of values behind a zero byte: 1, first in in.vcf, line 4"},
+        {"REV:2010\r\nlost\r\n", "lines that belong to no value, which were dropped: 1, first in in.vcf, line 5"},
+        {"X-A:b\r\nmore\r\n",
+         "lines with an unknown key, which joined the value before them: 2, first in in.vcf, line 4"},
+    };
+    for (const auto& each : kCases) {
+        SCOPED_TRACE(each.loss);
+        folder.Put("in.vcf", "BEGIN:VCARD\r\nVERSION:2.1\r\nFN:A\r\n" + each.lines + "END:VCARD\r\n");
+        EXPECT_EQ(Run("convert --force in.vcf a.qzs").errors, "orvale: a.qzs: lost: " + std::string(each.loss) + "\n");
+    }
+    folder.Put("in.vcf", "BEGIN:VCARD\r\nVERSION:2.1\r\nTEL;CELL:\r\nX-A:b\r\nNOTE:good\r\n fold\r\nEND:VCARD\r\n");
+    EXPECT_EQ(Run("convert --force in.vcf a.qzs").errors,
+              "orvale: a.qzs: lost: lines that belong to no value, which were dropped: 1, first in in.vcf, line 4\n");
+}
+
+TEST_F(ConvertTest, AValueThatEndsItsCardIsALoss) {
+    folder.Put("in.json", Document(Contact("0", Field(5, "Ann") + "," + Field(105, "1\\r\\nEND:VCARD"))));
+    const Outcome out = Run("convert in.json a.vcf");
+    EXPECT_EQ(out.exitCode, 0);
+    EXPECT_THAT(out.errors, HasSubstr("lost: pieces of a value that ends its record: 1"));
+}
+
+TEST_F(ConvertTest, ACutDocumentIsDamagedNotWrong) {
+    const std::string whole = Document(Contact("0", Field(5, "Ann")) + "," + Contact("0", Field(5, "Bob")));
+    const std::size_t behindAnn = whole.find("},\n    {\n      \"storage\"") + 1;
+    folder.Put("cut.json", whole.substr(0, whole.size() - 20));
+    const std::string place =
+        "orvale: cut.json: record 2, byte " + std::to_string(behindAnn) + ": damaged from here on";
+    EXPECT_EQ(Run("show cut.json").errors, place + "\n");
+    EXPECT_EQ(Run("show --json cut.json").output, Document(Contact("0", Field(5, "Ann"))));
+    EXPECT_THAT(Run("info --json cut.json").output, HasSubstr("\"records\": 1,\n  \"truncated\": true"));
+    EXPECT_EQ(Run("convert cut.json a.qzs").exitCode, 1);
+    EXPECT_EQ(Run("convert --partial cut.json a.qzs").errors, place + " and left out\n");
+}
+
 TEST_F(ConvertTest, JoinsInputsInTheirOrder) {
     folder.Put("b.vcf", "BEGIN:VCARD\r\nVERSION:2.1\r\nFN:B\r\nEND:VCARD\r\n");
     folder.Put("a.json", Document(Contact("0", Field(5, "A"))));
@@ -217,9 +261,11 @@ TEST_F(ConvertTest, AFileThatAnotherHoldsIsTold) {
     const int held = open((folder / "held.qzs").c_str(), O_RDONLY);
     ASSERT_EQ(flock(held, LOCK_EX), 0);
     EXPECT_EQ(Run("show held.qzs").errors, "orvale: held.qzs: another program holds the file\n");
+    EXPECT_EQ(Run("convert --force in.json held.qzs").errors, "orvale: held.qzs: another program holds the file\n");
     close(held);
     ASSERT_EQ(mkfifo((folder / "pipe.qzs").c_str(), 0600), 0);
     EXPECT_EQ(Run("show --format qzs pipe.qzs").exitCode, 1);
+    EXPECT_EQ(Run("show --format json pipe.qzs").exitCode, 1);
 }
 
 TEST_F(ConvertTest, AWrongFlagIsReadOnlyWhereTheFormatIsNamed) {

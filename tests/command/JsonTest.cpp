@@ -18,7 +18,7 @@ std::string ErrorOf(const ScratchFolder& folder, const std::string& text) {
         JsonDocument document(folder / "in.json", "in.json");
         for (CContactItem contact; document.Next(contact);)
             contact = CContactItem();
-        return "";
+        return document.BrokenAt() ? "cut off behind byte " + std::to_string(*document.BrokenAt()) : "";
     } catch (const CommandError& error) {
         return error.what();
     }
@@ -37,8 +37,10 @@ TEST(JsonTest, SaysWhatIsWrongAndWhere) {
         {"NoRecords", head + "\"profile\": null}", ""},
         {"Empty", "", "in.json: line 1: the document ends too early"},
         {"NoJson", head + "\"records\": [\n{\"storage\": nul}]}", "in.json: line 2: no JSON here"},
-        {"CutInAText", head + "\"records\": [{\"fields\": [{\"data\": \"x",
-         "in.json: line 1: the document ends too early"},
+        {"CutInAText", head + "\"records\": [{\"fields\": [{\"data\": \"x", "cut off behind byte 46"},
+        {"CutBehindARecord", head + "\"records\": [{}", "cut off behind byte 48"},
+        {"ZeroBehind", head + "\"records\": []}" + std::string("\0x", 2),
+         "in.json: line 1: something stands behind the document"},
         {"Behind", head + "\"records\": []}x", "in.json: line 1: something stands behind the document"},
         {"TooDeep", inRecord(std::string(100000, '[')), "in.json: line 1: nested too deeply"},
         {"UnknownTopKey", head + "\"x\": 1}", "in.json: x: unknown key"},
@@ -50,6 +52,11 @@ TEST(JsonTest, SaysWhatIsWrongAndWhere) {
         {"TwiceOnTop", head + "\"kind\": \"sms\"}", "in.json: kind: the key stands twice"},
         {"Twice", inField(R"({"type": 1, "type": 1})"), "in.json: records[1].fields[0].type: the key stands twice"},
         {"UnknownKey", inField(R"({"tpye": 1})"), "in.json: records[1].fields[0].tpye: unknown key"},
+        {"NameAlone", inField(R"({"typeName": "x"})"), "in.json: records[1].fields[0].typeName: unknown key"},
+        {"GroupTwice", inField(R"({"groups": [{"id": 1}, {"id": 1}]})"),
+         "in.json: records[1].fields[0].groups: an id stands twice"},
+        {"SteeringKey", inField("{\"\\u001b[31m" + std::string(50, 'k') + "\": 1}"),
+         "in.json: records[1].fields[0].^[[31mkkkkkkkkkkkkkkkkkkkkkkkkkkkkkkkkkk…: unknown key"},
         {"NameOfNothing", inField(R"({"dataName": 1})"), "in.json: records[1].fields[0].dataName: unknown key"},
         {"Real", inField(R"({"type": 1.0})"), "in.json: records[1].fields[0].type: expected a whole number"},
         {"TooLarge", inField(R"({"type": 2147483648})"), "in.json: records[1].fields[0].type: out of range"},

@@ -61,9 +61,9 @@ TEST_F(RegistryTest, WritesANumberAndLeavesTheRest) {
     const std::string line = kName + "=dword:00000006\r\n";
     const std::pair<std::string, std::string> cases[] = {
         {"", "Windows Registry Editor Version 5.00\r\n\r\n" + kKeyLine + line},
-        {"  ; mine\n[Other]\n\"x\"=dword:1\n", "  ; mine\r\n[Other]\r\n\"x\"=dword:1\r\n\r\n" + kKeyLine + line},
+        {"  ; mine\n[Other]\n\"x\"=dword:1\n", "  ; mine\n[Other]\n\"x\"=dword:1\n\r\n" + kKeyLine + line},
         {kKeyLine + "\"x\"=dword:1\r\n\r\n[Other]\r\n", kKeyLine + "\"x\"=dword:1\r\n" + line + "\r\n[Other]\r\n"},
-        {"[hkey_current_user\\LOG]", "[hkey_current_user\\LOG]\r\n" + line},
+        {"\xEF\xBB\xBF[hkey_current_user\\LOG]", "\xEF\xBB\xBF[hkey_current_user\\LOG]\r\n" + line},
         {kKeyLine + "\"/OPT/A \\\"b\\\"/\xC3\x84\\\\x.so\"=hex:00,00,00,00\r\n\"x\"=\"y\"\r\n",
          kKeyLine + line + "\"x\"=\"y\"\r\n"}};
     for (const auto& [before, after] : cases) {

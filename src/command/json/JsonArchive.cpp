@@ -89,6 +89,11 @@ void JsonReader::OptionalGroups(const char* key, HashMap<std::u16string>& member
         entry.Int("id", id);
         entry.Text("name", name);
     });
+    std::vector<std::int32_t> ids;
+    for (const auto& pair : pairs)
+        ids.push_back(pair.first);
+    std::sort(ids.begin(), ids.end());
+    if (std::adjacent_find(ids.begin(), ids.end()) != ids.end()) Fail(key, "an id stands twice");
     // The newest entry of a bucket iterates first, so the list is entered from its end.
     for (auto pair = pairs.rbegin(); pair != pairs.rend(); ++pair)
         member.Set(pair->first, std::move(pair->second));
@@ -102,7 +107,8 @@ void JsonReader::Finish() const {
     for (const auto& member : object_.items()) {
         const std::string_view key = member.key();
         // Output writes the name of a number beside it, for people; input passes over it.
-        const bool isName = key.ends_with(kName) && holds(named_, key.substr(0, key.size() - kName.size()));
+        const std::string_view number = key.ends_with(kName) ? key.substr(0, key.size() - kName.size()) : "";
+        const bool isName = holds(named_, number) && object_.contains(std::string(number));
         if (!holds(taken_, key) && !isName) Fail(key, "unknown key");
     }
 }
@@ -124,10 +130,7 @@ std::string JsonReader::Path(std::string_view key) const {
 }
 
 void JsonReader::Fail(std::string_view key, std::string_view reason) const {
-    std::string path = Path(key);
-    constexpr std::size_t kLongest = 120;
-    if (path.size() > kLongest) path = path.substr(0, kLongest) + "...";
-    FailFile(file_, Visible(FromUtf8(path)), reason);
+    FailFile(file_, Path(Quote(key)), reason);
 }
 
 std::int64_t JsonReader::Integer(const char* key, const Json& value, std::int64_t least, std::int64_t most) const {
@@ -224,8 +227,15 @@ void JsonWriter::Member(const char* key, std::string_view value) {
     out_ += value;
 }
 
+// As JSON has it, and what could steer a terminal escaped as well: that reads back the same.
 std::string JsonWriter::Quoted(std::u16string_view text) {
-    return Json(ToUtf8(text, &replaced_)).dump();
+    const std::string quoted = Json(ToUtf8(text, &replaced_)).dump();
+    const auto steers = [](char16_t unit) { return unit >= 0x7F && SteersTerminal(unit); };
+    if (std::none_of(text.begin(), text.end(), steers)) return quoted;
+    std::u16string escaped;
+    for (const char16_t unit : FromUtf8(quoted))
+        escaped += steers(unit) ? Format(u"\\u%04x", unit) : std::u16string(1, unit);
+    return ToUtf8(escaped);
 }
 
 void JsonWriter::NewLine(std::size_t indent) {

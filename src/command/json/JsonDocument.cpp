@@ -28,6 +28,7 @@ void JsonDocument::ReadHead() {
                 if (!kind_) text_.Fail("\"kind\" has to stand before \"records\"");
                 text_.Expect('[');
                 inRecords_ = true;
+                wholeEnd_ = text_.Offset();
                 return;
             }
             TakeHeadValue(key);
@@ -35,7 +36,7 @@ void JsonDocument::ReadHead() {
         text_.Expect('}');
     }
     if (!kind_) FailFile(text_.ShownName(), "kind", "the key is missing");
-    if (text_.Peek() != '\0') text_.Fail("something stands behind the document");
+    if (text_.Peek() != JsonText::kNothing) text_.Fail("something stands behind the document");
 }
 
 std::string JsonDocument::TakeKey() {
@@ -69,6 +70,18 @@ void JsonDocument::TakeHeadValue(const std::string& key) {
 
 std::optional<Json> JsonDocument::NextValue() {
     if (!inRecords_) return std::nullopt;
+    try {
+        std::optional<Json> value = TakeNextValue();
+        wholeEnd_ = text_.Offset();
+        return value;
+    } catch (const JsonEndsEarly&) {
+        inRecords_ = false;
+        brokenAt_ = wholeEnd_;
+        return std::nullopt;
+    }
+}
+
+std::optional<Json> JsonDocument::TakeNextValue() {
     if (count_ == 0 ? text_.TakeIf(']') : !text_.TakeIf(',')) {
         if (count_ != 0) text_.Expect(']');
         ReadTail();
@@ -87,7 +100,7 @@ void JsonDocument::ReadTail() {
         FailFile(text_.ShownName(), Quote(key), "unknown key");
     }
     text_.Expect('}');
-    if (text_.Peek() != '\0') text_.Fail("something stands behind the document");
+    if (text_.Peek() != JsonText::kNothing) text_.Fail("something stands behind the document");
 }
 
 Json JsonDocument::TakeJson(std::string_view place) {

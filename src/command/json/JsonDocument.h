@@ -21,7 +21,10 @@ class JsonDocument {
     /// The profile as it stands in the document; none if it is null or missing.
     const std::optional<Json>& Profile() const { return profile_; }
 
-    /// Fills a record from the next one of the document. False at the end.
+    /// Once Next gave false: where the last whole record ends, if the document is cut off behind it.
+    std::optional<std::uint64_t> BrokenAt() const { return brokenAt_; }
+
+    /// Fills a record from the next one of the document. False at the end, which may be too early.
     template <class Record>
     bool Next(Record& record) {
         const std::optional<Json> value = NextValue();
@@ -37,6 +40,7 @@ class JsonDocument {
     std::string TakeKey();
     void TakeHeadValue(const std::string& key);
     std::optional<Json> NextValue();
+    std::optional<Json> TakeNextValue();
     void ReadTail();
     std::string Place() const { return "records[" + std::to_string(count_ - 1) + "]"; }
     Json TakeJson(std::string_view place);
@@ -47,6 +51,8 @@ class JsonDocument {
     std::vector<std::string> keys_;
     bool inRecords_ = false;
     std::size_t count_ = 0;
+    std::uint64_t wholeEnd_ = 0;
+    std::optional<std::uint64_t> brokenAt_;
 };
 
 /// Writes the JSON document as a stream. Finish ends it; a failure of the stream is the caller's to look for.

@@ -1,10 +1,9 @@
 #include "command/json/JsonText.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstring>
 
-#include "command/CommandError.h"
+#include "platform/Text.h"
 
 namespace orvale {
 namespace {
@@ -19,59 +18,57 @@ bool IsSpaceByte(int c) {
 }  // namespace
 
 JsonText::JsonText(const std::filesystem::path& path, std::string shownName) : shownName_(std::move(shownName)) {
-    errno = 0;
-    in_.open(path, std::ios::binary);
-    if (!in_) FailFile(shownName_, "", errno != 0 ? std::strerror(errno) : "can't be read");
+    const std::u16string name = FromUtf8(path.native());
+    std::error_code error = std::make_error_code(std::errc::illegal_byte_sequence);
+    if (ToUtf8(name) != path.native() ||
+        file_.Open(name.c_str(), CFile::kModeRead | CFile::kShareExclusive, &error) == 0)
+        FailFile(shownName_, "", SystemReason(error));
     if (Look() == 0xEF) {  // a byte order mark does no harm
         for (const int byte : {0xEF, 0xBB, 0xBF})
             if (static_cast<unsigned char>(Take()) != byte) Fail("no JSON document");
     }
 }
 
-bool JsonText::Fill() {
-    constexpr std::size_t kReadAhead = 64 * 1024;
-    buffer_.resize(kReadAhead);
-    in_.read(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
-    buffer_.resize(static_cast<std::size_t>(in_.gcount()));
-    start_ = 0;
-    return !buffer_.empty();
+int JsonText::Look() {
+    const std::string_view ahead = file_.Ahead();
+    return ahead.empty() ? kNothing : static_cast<unsigned char>(ahead.front());
 }
 
 char JsonText::Take() {
     const int c = Look();
-    if (c == kNothing) Fail("the document ends too early");
-    ++start_;
+    if (c == kNothing) FailAtEnd();
+    file_.Skip(1);
     if (c == '\n') ++line_;
     return static_cast<char>(c);
 }
 
-char JsonText::Peek() {
+int JsonText::Peek() {
     while (IsSpaceByte(Look()))
         Take();
-    const int c = Look();
-    return c == kNothing ? '\0' : static_cast<char>(c);
+    return Look();
 }
 
 bool JsonText::TakeIf(char wanted) {
-    if (Peek() != wanted || wanted == '\0') return false;
+    if (Peek() != wanted) return false;
     Take();
     return true;
 }
 
 void JsonText::Expect(char wanted) {
     if (TakeIf(wanted)) return;
-    if (Look() == kNothing) Fail("the document ends too early");
+    if (Look() == kNothing) FailAtEnd();
     Fail(std::string("expected '") + wanted + "'");
 }
 
 // Takes the rest of a string behind its opening quote, a buffer's worth at a time.
 void JsonText::TakeString(std::string& text) {
     for (char c = 0; c != '"';) {
-        if (Look() == kNothing) Fail("the document ends too early");
-        const std::size_t end = std::min(buffer_.find_first_of("\"\\\n", start_), buffer_.size());
-        text.append(buffer_, start_, end - start_);
-        start_ = end;
-        if (start_ == buffer_.size()) continue;
+        const std::string_view ahead = file_.Ahead();
+        if (ahead.empty()) FailAtEnd();
+        const std::size_t end = std::min(ahead.find_first_of("\"\\\n"), ahead.size());
+        text.append(ahead.substr(0, end));
+        file_.Skip(end);
+        if (end == ahead.size()) continue;
         c = Take();
         text.push_back(c);
         if (c == '\\') {
@@ -102,6 +99,11 @@ std::string JsonText::TakeValue() {
                                 c != '"' && c != '}' && c != ']';
         if (depth == 0 && !wordGoesOn) return text;
     }
+}
+
+void JsonText::FailAtEnd() const {
+    const std::string place = "line " + std::to_string(line_);
+    throw JsonEndsEarly(ExitCode::kFailed, ErrorLine(shownName_, place, "the document ends too early"));
 }
 
 void JsonText::Fail(std::string_view reason) const {

@@ -2,21 +2,31 @@
 
 #include <cstddef>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <string_view>
 
+#include "command/CommandError.h"
+#include "platform/File.h"
+
 namespace orvale {
+
+/// A document that ends within a value or before its own end: cut off, rather than wrong.
+class JsonEndsEarly : public CommandError {
+    using CommandError::CommandError;
+};
 
 /// A JSON document as a stream of text, of which only one value at a time is in memory. What isn't as expected ends the
 /// work with an error line that names the file and the line.
 class JsonText {
  public:
-    /// `shownName` is the file as the user named it.
+    /// `shownName` is the file as the user named it. It is opened as the module opens its files: regular ones, held by
+    /// nobody else.
     JsonText(const std::filesystem::path& path, std::string shownName);
 
-    /// The next character behind white space, which stays; '\0' at the end of the file.
-    char Peek();
+    static constexpr int kNothing = -1;  ///< the end of the file
+
+    /// The next byte behind white space, which stays; kNothing at the end of the file.
+    int Peek();
 
     /// Takes the character that has to come next.
     void Expect(char wanted);
@@ -27,6 +37,9 @@ class JsonText {
     /// The text of the value that comes next, up to its end, not judged beyond its quotes and brackets.
     std::string TakeValue();
 
+    /// How many bytes were taken.
+    std::uint64_t Offset() const { return file_.GetPosition(); }
+
     /// The line of the last thing that was taken or looked at, from 1.
     std::size_t Line() const { return line_; }
 
@@ -34,17 +47,13 @@ class JsonText {
     const std::string& ShownName() const { return shownName_; }
 
  private:
-    static constexpr int kNothing = -1;  // the end of the file
-
-    int Look() { return start_ < buffer_.size() || Fill() ? static_cast<unsigned char>(buffer_[start_]) : kNothing; }
+    [[noreturn]] void FailAtEnd() const;
+    int Look();
     char Take();
-    bool Fill();
     void TakeString(std::string& text);
 
     std::string shownName_;
-    std::ifstream in_;
-    std::string buffer_;  // what was read ahead
-    std::size_t start_ = 0;
+    CFile file_;
     std::size_t line_ = 1;
 };
 

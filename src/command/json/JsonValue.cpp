@@ -71,7 +71,7 @@ class Builder : public nlohmann::json_sax<Json> {
 
     std::string LastStep() const {
         if (open_.back()->is_array()) return "[" + std::to_string(open_.back()->size()) + "]";
-        return "." + key_;
+        return "." + Quote(key_);
     }
 
     std::string PathOf() const {

@@ -50,10 +50,11 @@ void RecordPrinter<CContactItem>::Print(const CContactItem& contact) {
     screen_.EndLine();
     if (contact.Storage != 0) screen_.Row("storage", Format(u"%d", contact.Storage));
     for (const auto& field : contact.fields) {
-        if (!field || (field->Type == CF_FULL_NAME && (field->Data == title || field->Data.empty()))) continue;
-        screen_.Row(ContactFieldCaption(field->Type), field->Data);
+        if (!field) continue;
+        const bool inTitle = field->Type == CF_FULL_NAME && (field->Data == title || field->Data.empty());
+        if (!inTitle) screen_.Row(ContactFieldCaption(field->Type), field->Data);
         if (field->extraNumber != 0 || !field->extraText.empty())
-            screen_.Row("", Format(u"(%u %s)", field->extraNumber, field->extraText));
+            screen_.Row(inTitle ? "full name" : "", Format(u"(%u %s)", field->extraNumber, field->extraText));
     }
 }
 

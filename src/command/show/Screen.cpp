@@ -12,11 +12,6 @@ namespace {
 
 constexpr std::size_t kLabelWidth = 24;
 
-bool SteersTerminal(char32_t c) {
-    return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0x061C || (c >= 0x200E && c <= 0x200F) ||
-           (c >= 0x2028 && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
-}
-
 // Takes a line off the front of a text: up to CR LF, LF or CR.
 std::u16string_view TakeLine(std::u16string_view& text) {
     const std::size_t end = std::min(text.find_first_of(u"\r\n"), text.size());
@@ -30,6 +25,11 @@ std::u16string_view TakeLine(std::u16string_view& text) {
 }
 
 }  // namespace
+
+bool SteersTerminal(char32_t c) {
+    return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0x061C || (c >= 0x200E && c <= 0x200F) ||
+           (c >= 0x2028 && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
+}
 
 bool UseColor(ColorMode mode) {
     if (mode != ColorMode::kAuto) return mode == ColorMode::kAlways;

@@ -12,8 +12,11 @@ enum class ColorMode { kAuto, kAlways, kNever };
 /// Whether standard output gets colours: as told, else only on a terminal and without NO_COLOR in the environment.
 bool UseColor(ColorMode mode);
 
-/// Text as UTF-8 with what could steer a terminal made visible: control characters of both sets, line and paragraph
-/// separators and the marks that turn the writing direction around, as "^[" or "<U+202E>". A tab is a blank.
+/// Whether a character could steer a terminal: a control character of either set, a line or paragraph separator, or a
+/// mark that turns the writing direction around.
+bool SteersTerminal(char32_t character);
+
+/// Text as UTF-8 with what could steer a terminal made visible, as "^[" or "<U+202E>". A tab is a blank.
 std::string Visible(std::u16string_view text);
 
 /// Where a listing goes: the styles of its parts, and lines that align.

@@ -1,4 +1,4 @@
-#include "frame/QuotedPrintable.h"
+#include "records/QuotedPrintable.h"
 
 #include <algorithm>
 
@@ -40,13 +40,7 @@ std::u16string EncodeQuotedPrintable(std::u16string_view text, TextConverter& co
     return converter.ToWide(out);
 }
 
-std::u16string DecodeQuotedPrintable(std::u16string_view text, TextConverter& converter) {
-    if (text.find(u'=') == std::u16string_view::npos) {
-        // Nothing to decode, and most values are such: but the road through the code page is the same for all.
-        const bool ascii = text.find_first_of(u'\0') == std::u16string_view::npos &&
-                           std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit < 0x80; });
-        if (ascii) return std::u16string(text);
-    }
+std::string QuotedPrintableBytes(std::u16string_view text, TextConverter& converter) {
     const std::string bytes = converter.ToNarrow(Replace(text, u"==", u"="));
     std::string out;
     out.reserve(bytes.size());
@@ -58,7 +52,14 @@ std::u16string DecodeQuotedPrintable(std::u16string_view text, TextConverter& co
             out.push_back(bytes[i]);
         }
     }
-    return converter.ToWide(out);
+    return out;
+}
+
+std::u16string DecodeQuotedPrintable(std::u16string_view text, TextConverter& converter) {
+    // Most values are ASCII with nothing to decode, and come back from the code page as they went.
+    const auto goesThrough = [](char16_t unit) { return unit != u'=' && unit != 0 && unit < 0x80; };
+    if (std::all_of(text.begin(), text.end(), goesThrough)) return std::u16string(text);
+    return converter.ToWide(QuotedPrintableBytes(text, converter));
 }
 
 }  // namespace orvale

@@ -16,6 +16,9 @@ std::u16string EncodeQuotedPrintable(std::u16string_view text, TextConverter& co
 /// hexadecimal digit counts as 0. A decoded zero byte ends the text.
 std::u16string DecodeQuotedPrintable(std::u16string_view text, TextConverter& converter);
 
+/// The bytes of the text that DecodeQuotedPrintable makes, before the code page takes them as characters.
+std::string QuotedPrintableBytes(std::u16string_view text, TextConverter& converter);
+
 /// The value of a hexadecimal digit; of anything else 0.
 int HexDigitValue(char digit);
 

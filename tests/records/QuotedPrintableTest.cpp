@@ -1,4 +1,4 @@
-#include "frame/QuotedPrintable.h"
+#include "records/QuotedPrintable.h"
 
 #include <gtest/gtest.h>
 
