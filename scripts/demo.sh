@@ -6,8 +6,9 @@ cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.."
 
 scripts/install-dependencies.sh
 if command -v ccache >/dev/null; then export CMAKE_CXX_COMPILER_LAUNCHER=ccache; fi
-cmake --preset release --log-level=WARNING
-cmake --build --preset release --target Orvale orvale
+echo "Building, which takes a minute or two the first time"
+cmake --preset release --log-level=WARNING >/dev/null
+cmake --build --preset release --target Orvale orvale -- --quiet
 
 PATH="$PWD/build/release/src:$PATH"
 out=$(mktemp -d)

@@ -9,7 +9,7 @@ if command -v ccache >/dev/null; then export CMAKE_CXX_COMPILER_LAUNCHER=ccache;
 
 for preset in debug asan; do
     printf '\n== Tests, %s build\n' "$preset"
-    cmake --preset "$preset" --log-level=WARNING
+    cmake --preset "$preset" --log-level=WARNING >/dev/null
     cmake --build --preset "$preset"
     ctest --preset "$preset" --no-tests=error --parallel "$(nproc)"
 done
