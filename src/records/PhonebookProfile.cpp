@@ -30,6 +30,11 @@ std::optional<std::size_t> IndexOfCode(std::u16string_view code) {
 
 }  // namespace
 
+std::int32_t CPhonebookDevice::GetTypeByCode(std::u16string_view code) const {
+    const std::optional<std::size_t> index = IndexOfCode(code);
+    return index && *index < typeIds.size() ? static_cast<std::int32_t>(typeIds[*index]) : -1;
+}
+
 void CPhonebookProfile::Clear() {
     config = 0;
     speedDialLabel.clear();
@@ -70,9 +75,7 @@ std::int32_t CPhonebookProfile::DeviceHasGroups(std::int32_t deviceId) const {
 
 std::int32_t CPhonebookProfile::GetTypeByCode(std::int32_t deviceId, std::u16string_view code) const {
     const CPhonebookDevice* const device = FindDevice(deviceId);
-    const std::optional<std::size_t> index = IndexOfCode(code);
-    if (device == nullptr || !index || *index >= device->typeIds.size()) return -1;
-    return static_cast<std::int32_t>(device->typeIds[*index]);
+    return device != nullptr ? device->GetTypeByCode(code) : -1;
 }
 
 std::int32_t CPhonebookProfile::GetCodeIndex(std::int32_t deviceId, std::int32_t typeId) const {

@@ -12,6 +12,9 @@
 /// whose code in the file is made of i. The two group lists are parallel too.
 class CPhonebookDevice {
  public:
+    /// The type id of a code, or -1. A code is "C" and the type's index with at least two digits: "C00", "C07", "C100".
+    std::int32_t GetTypeByCode(std::u16string_view code) const;
+
     std::int32_t id = 0;  ///< what a contact's Storage holds
     std::u16string name;
     std::int32_t config = 0;  ///< PBDV_
@@ -51,7 +54,7 @@ class CPhonebookProfile {
     /// PBDV_HAS_GROUP if the device has that flag, else 0.
     std::int32_t DeviceHasGroups(std::int32_t deviceId) const;
 
-    /// The type id of a code, or -1. A code is "C" and the type's index with at least two digits: "C00", "C07", "C100".
+    /// The type id of a code in a device, or -1.
     std::int32_t GetTypeByCode(std::int32_t deviceId, std::u16string_view code) const;
 
     /// The first index of a type id, or -1.

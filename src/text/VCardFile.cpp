@@ -215,7 +215,8 @@ namespace {
 std::u16string_view GetFieldText(std::int32_t type, const CContactItem& contact) {
     std::int32_t index = 0;
     const CContactField* const field = contact.FindField(type, index);
-    return field != nullptr ? std::u16string_view(field->Data) : std::u16string_view();
+    if (field == nullptr) return {};
+    return std::u16string_view(field->Data).substr(0, field->Data.find(u'\0'));  // a zero ends a text
 }
 
 bool HasField(std::int32_t type, const CContactItem& contact) {

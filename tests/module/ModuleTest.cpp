@@ -14,7 +14,8 @@ using namespace orvale::test;
 namespace {
 
 // The number and the file version of each format. A new one adds its row.
-constexpr std::pair<FileType, std::int32_t> kFormats[] = {{0, 100}, {3, 210}, {4, 101}, {5, 101}, {6, 100}, {11, 100}};
+constexpr std::pair<FileType, std::int32_t> kFormats[] = {{0, 100}, {1, 100}, {2, 210}, {3, 210},
+                                                          {4, 101}, {5, 101}, {6, 100}, {11, 100}};
 
 class Module : public testing::Test {
  protected:

@@ -1,0 +1,242 @@
+#include "text/CSVFile.h"
+
+#include <algorithm>
+
+#include "frame/Operation.h"
+#include "frame/ParseString.h"
+#include "frame/RecordLog.h"
+#include "platform/Text.h"
+#include "text/LineReader.h"
+
+using orvale::Operation;
+using orvale::Require;
+using orvale::TakeToken;
+using orvale::Trim;
+
+namespace {
+
+constexpr std::size_t kLineBuffer = 2048;  // bytes; a line with its line end leaves one free for its terminator
+constexpr std::size_t kLongestCaption = 1024;
+constexpr std::u16string_view kComma = u",";
+constexpr std::u16string_view kLineEnd = u"\r\n";
+constexpr std::int32_t kLastName = 99;  // the types up to this one keep their blanks, and an empty value
+
+bool HasOddQuotes(std::u16string_view text) {
+    return std::count(text.begin(), text.end(), u'"') % 2 != 0;
+}
+
+// Takes the next value in its file form. A quoted one goes on over commas until its quotes pair up. If they never do,
+// it ends at its first comma after all, and the comma at the end of the line, if there is one, was part of what it
+// took. That happens at most once in a line: behind it all pieces have even quotes.
+std::u16string TakeValue(std::u16string_view& rest) {
+    const std::u16string_view first = Trim(TakeToken(rest, kComma));
+    std::u16string value(first);
+    if (first.empty() || first.front() != u'"') return value;
+    std::u16string_view ahead = rest;
+    bool open = HasOddQuotes(first);
+    while (open && !ahead.empty()) {
+        const std::u16string_view piece = TakeToken(ahead, kComma);
+        value.append(kComma).append(piece);
+        open = !HasOddQuotes(piece);
+    }
+    if (open) {
+        if (!rest.empty() && rest.back() == u',') rest.remove_suffix(1);
+        return std::u16string(first);
+    }
+    rest = ahead;
+    return value;
+}
+
+std::u16string Unquote(std::u16string_view value) {
+    if (value.empty() || value.front() != u'"' || value.back() != u'"') return std::u16string(value);
+    if (value.size() == 1) return std::u16string(kLineEnd);  // a quote that is both first and last leaves a line end
+    return orvale::Replace(value.substr(1, value.size() - 2), u"\"\"", u"\"");
+}
+
+void AppendQuoted(std::u16string& line, std::u16string_view value) {
+    value = value.substr(0, value.find(u'\0'));  // a zero ends a text: it must not end the line
+    line += u'"';
+    for (const char16_t unit : value) {
+        if (unit == u'"') line += unit;
+        line += unit;
+    }
+    line += u'"';
+}
+
+}  // namespace
+
+CCSVFile::CCSVFile() : CFileObject(210, u"ORVALE - CCSVFile::Open") {}
+
+CCSVFile::~CCSVFile() {
+    CCSVFile::Close();
+}
+
+void CCSVFile::Close() {
+    contact_.Clear();
+    orvale::LogText(u"ORVALE - CCSVFile::Close : Begin/Finish\r\n");
+    CloseStream();
+}
+
+void CCSVFile::SetProfile(const void* profile) {
+    if (profile == nullptr) return;
+    orvale::LogFormat(u"ORVALE - CCSVFile::SetProfile : Profile[0x%08X]\r\n", profile);
+    try {
+        profile_ = orvale::CSVColumns(*static_cast<const CCSVProfile*>(profile));
+    } catch (const std::exception&) {  // no memory: the profile before stays
+    }
+    for (FileColumn& column : columns_)
+        column.type = profile_.TypeOf(column.caption);
+}
+
+std::int32_t CCSVFile::Verify() {
+    if (!IsOpened()) return VERIFY_NOT_OPENED;
+    return columns_.empty() ? VERIFY_NOT_READ_HEADER : VERIFY_OK;
+}
+
+// ---- reading
+
+std::int32_t CCSVFile::ReadString(std::u16string* text) try {
+    if (text == nullptr || !IsOpened()) return 0;
+    if (orvale::ReadLine(*this, kLineBuffer, lineBytes_) != orvale::LineResult::kLine) return 0;
+    if (lineBytes_.size() == kLineBuffer) return 0;
+    *text = ToWide(lineBytes_);
+    return 1;
+} catch (const std::exception&) {
+    return 0;
+}
+
+std::int32_t CCSVFile::ReadFileHeader() {
+    Operation operation(*this, u"ORVALE - CCSVFile::ReadFileHeader", Operation::kBegin | Operation::kFinish);
+    return operation.Run([&] {
+        Require(IsOpened());
+        Seek(0, kBegin);
+        Require(!AtEnd(), "the file is empty");
+        columns_.clear();
+        std::u16string line;
+        Require(ReadString(&line) != 0);
+        std::u16string_view rest = Trim(line);
+        operation.Tell(rest);
+        while (!rest.empty()) {
+            const std::u16string_view caption = Trim(TakeToken(rest, kComma));
+            Require(caption.size() <= kLongestCaption, "the caption is too long");
+            columns_.push_back({std::u16string(caption), profile_.TypeOf(caption)});
+        }
+        Require(!columns_.empty(), "no captions");
+    });
+}
+
+std::int32_t CCSVFile::Read(void** record) {
+    Operation operation(*this, u"ORVALE - CCSVFile::Read");
+    return operation.Run([&] {
+        Require(IsOpened() && record != nullptr && !AtEnd());
+        *record = &contact_;
+        contact_.Clear();
+        std::u16string line;
+        Require(ReadString(&line) != 0);
+        operation.Tell(Trim(line));
+        ParseLine(Trim(line));
+        orvale::LogContact(&contact_);
+    });
+}
+
+// Values behind the last column are dropped.
+void CCSVFile::ParseLine(std::u16string_view line) {
+    CContactField field;
+    for (const FileColumn& column : columns_) {
+        if (line.empty()) return;
+        field.Type = column.type;
+        field.Data = Unquote(TakeValue(line));
+        if (column.type == -1) continue;
+        if (column.type > kLastName) {
+            field.Data = Trim(field.Data);
+            if (field.Data.empty()) continue;
+        }
+        Require(contact_.AddField(field) != 0, "no memory");
+    }
+}
+
+// ---- writing
+
+void CCSVFile::WriteString(const std::u16string* text) {
+    if (text == nullptr || text->empty()) return;
+    const std::string bytes = ToNarrow(*text);
+    CFile::Write(bytes.data(), static_cast<std::uint32_t>(bytes.size()));
+}
+
+std::int32_t CCSVFile::Write(const void* record) {
+    Operation operation(*this, u"ORVALE - CCSVFile::Write");
+    return operation.Run([&] {
+        Require(IsOpened() && record != nullptr && !profile_.IsEmpty());
+        const auto& contact = *static_cast<const CContactItem*>(record);
+        orvale::LogContact(&contact);
+        const std::u16string line = ComposeLine(contact);
+        operation.Tell(line);
+        WriteString(&line);
+    });
+}
+
+std::u16string CCSVFile::ComposeLine(const CContactItem& contact) {
+    std::vector<const CContactField*> row(profile_.Count());
+    profile_.StartRow();
+    for (const auto& field : contact.fields) {
+        if (!field) continue;
+        const std::optional<std::size_t> column = profile_.Take(field->Type);
+        if (!column) continue;  // a type that the profile doesn't know has no place in the file
+        row.resize(profile_.Count());
+        row[*column] = field.get();
+    }
+    std::u16string line;
+    for (const CContactField* field : row) {
+        if (field != nullptr) AppendQuoted(line, field->Data);
+        line += kComma;
+    }
+    return line.append(kLineEnd);
+}
+
+std::u16string CCSVFile::ComposeHeader() const {
+    std::u16string line;
+    for (std::size_t i = 0; i < profile_.Count(); ++i)
+        line.append(profile_.Caption(i)).append(kComma);
+    return line.append(kLineEnd);
+}
+
+std::int32_t CCSVFile::WriteFileHeader() {
+    Operation operation(*this, u"ORVALE - CCSVFile::WriteFileHeader", Operation::kBegin | Operation::kFinish);
+    return operation.Run([&] {
+        Require(IsOpened() && !profile_.IsEmpty());
+        const std::u16string line = ComposeHeader();
+        MakeRoom(ToNarrow(line).size());
+        Seek(0, kBegin);
+        WriteString(&line);
+        operation.Tell(line);
+        Seek(0, kEnd);
+    });
+}
+
+// Moves what the file holds towards its end, the last piece first, so that a file of any length costs one piece of
+// memory. The first piece is what comes to stand behind the old end: if there is no room for it, nothing was
+// overwritten.
+void CCSVFile::MakeRoom(std::uint64_t size) {
+    constexpr std::uint64_t kPiece = std::uint64_t{256} * 1024;
+    const std::uint64_t length = GetLength();
+    std::uint64_t left = length;
+    std::vector<char> piece;
+    const auto moveLast = [&](std::uint64_t most) {
+        piece.resize(std::min({left, most, kPiece}));
+        const auto count = static_cast<std::uint32_t>(piece.size());
+        left -= count;
+        Seek(static_cast<std::int64_t>(left), kBegin);
+        Require(CFile::Read(piece.data(), count) == count, "the file became shorter");
+        Seek(static_cast<std::int64_t>(left + size), kBegin);
+        CFile::Write(piece.data(), count);
+        HandOver();
+    };
+    try {
+        moveLast(size);
+    } catch (...) {
+        SetLength(length);
+        throw;
+    }
+    while (left > 0)
+        moveLast(kPiece);
+}

@@ -1,0 +1,182 @@
+#include "text/SSYFile.h"
+
+#include <iterator>
+
+#include "frame/Operation.h"
+#include "frame/ParseString.h"
+#include "frame/RecordLog.h"
+#include "platform/HashMap.h"
+#include "platform/Text.h"
+
+using orvale::Operation;
+using orvale::Replace;
+using orvale::Require;
+using orvale::TakeToken;
+
+namespace {
+
+constexpr std::size_t kVersionOffset = 0;
+constexpr std::size_t kVersionWidth = 40;
+constexpr std::size_t kDateOffset = 40;
+constexpr std::size_t kDateWidth = 10;
+constexpr std::size_t kSizeOffset = 50;
+constexpr std::size_t kLongestRecord = 2048;  // bytes, with the zero
+
+// What the numbers of a record's pairs mean; the items around the pairs have no number in the file.
+constexpr std::int32_t kTypes[] = {
+    CF_TEL_WORK_VOICE,    // 0
+    CF_TEL_WORK_FAX,      // 1
+    CF_TEL_WORK_VOICE_2,  // 2
+    CF_TEL_CALLBACK,      // 3
+    CF_TEL_CAR,           // 4
+    CF_TEL_COMPANY,       // 5
+    CF_TEL_HOME_VOICE,    // 6
+    CF_TEL_HOME,          // 7
+    CF_TEL_ISDN,          // 8
+    CF_TEL_CELL_VOICE,    // 9
+    CF_TEL_VOICE,         // 10
+    CF_TEL_FAX,           // 11
+    CF_TEL_PAGER_VOICE,   // 12
+    CF_TEL_ASSISTANT,     // 13
+    CF_TEL_PREF,          // 14
+    CF_TEL_HOME_FAX,      // 15
+    CF_TEL_RADIO,         // 16
+    -1,                   // 17
+    -1,                   // 18
+    -1,                   // 19
+    CF_GIVEN_NAME,        // 20
+    CF_FAMILY_NAME,       // 21
+    CF_MIDDLE_NAME,       // 22
+    CF_NAME_4,            // 23
+    CF_FULL_NAME,         // 24
+    CF_EMAIL_PREF,        // 25
+    CF_URL_1,             // 26
+};
+
+std::int32_t TypeOf(std::int32_t number) {
+    return number >= 0 && number < static_cast<std::int32_t>(std::size(kTypes)) ? kTypes[number] : -1;
+}
+
+// An item outside the pairs, ended by a comma or with the text.
+std::u16string TakeItem(std::u16string_view& rest) {
+    return Replace(Replace(TakeToken(rest, u","), u"&44", u","), u"&45", u":");
+}
+
+}  // namespace
+
+CSSYFile::CSSYFile() : CFileObject(100, u"ORVALE - CSSYFile::Open") {}
+
+CSSYFile::~CSSYFile() {
+    CSSYFile::Close();
+}
+
+void CSSYFile::Close() {
+    contact_.Clear();
+    CloseStream();
+}
+
+std::int32_t CSSYFile::ReadFileHeader() {
+    Operation operation(*this, u"ORVALE - CSSYFile::ReadFileHeader", Operation::kBegin);
+    return operation.Run([&] {
+        Require(IsOpened());
+        Seek(0, kBegin);
+        header_.fill('\0');
+        const std::uint32_t got = CFile::Read(header_.data(), kHeaderSize);
+        if (orvale::LogEnabled()) {
+            orvale::LogFormat(u"Orvale - CSSYFile::ReadFileHeader : Version[%s]\r\n",
+                              HeaderText(kVersionOffset, kVersionWidth));
+            orvale::LogFormat(u"Orvale - CSSYFile::ReadFileHeader : Time[%s]\r\n", HeaderText(kDateOffset, kDateWidth));
+        }
+        operation.Tell(u"Finish");
+        Require(got == kHeaderSize, "the file is shorter than its header");
+    });
+}
+
+std::u16string CSSYFile::HeaderText(std::size_t offset, std::size_t width) {
+    return ToWide(std::string_view(header_.data() + offset, width));
+}
+
+std::int32_t CSSYFile::SizeOfRecords() const {
+    std::uint32_t size = 0;
+    for (std::size_t i = 4; i-- > 0;)
+        size = size << 8 | static_cast<unsigned char>(header_[kSizeOffset + i]);
+    return static_cast<std::int32_t>(size);
+}
+
+std::int32_t CSSYFile::Verify() {
+    Operation operation(*this, u"Orvale - CSSYFile::Verify", Operation::kBegin | Operation::kFinish);
+    if (!IsOpened()) {
+        operation.Tell(u"Not opened");
+        return VERIFY_NOT_OPENED;
+    }
+    const std::int32_t fits = operation.Run([&] {
+        const auto length = static_cast<std::int64_t>(GetLength());
+        Require(SizeOfRecords() == length - static_cast<std::int64_t>(kHeaderSize));
+    });
+    if (fits != 0) return VERIFY_OK;
+    operation.Tell(u"Wrong file size");
+    return VERIFY_WRONG_SIZE;
+}
+
+std::int32_t CSSYFile::ReadString(std::u16string* text) try {
+    if (text == nullptr || !IsOpened()) return 0;
+    recordBytes_.clear();
+    for (std::string_view ahead = Ahead(); !ahead.empty(); ahead = Ahead()) {
+        ahead = ahead.substr(0, kLongestRecord - recordBytes_.size());
+        const std::size_t zero = ahead.find('\0');
+        recordBytes_.append(ahead.substr(0, zero));
+        if (zero != std::string_view::npos) {
+            Skip(zero + 1);
+            *text = ToWide(recordBytes_);
+            return 1;
+        }
+        Skip(ahead.size());
+        if (recordBytes_.size() == kLongestRecord) return 0;
+    }
+    return 0;
+} catch (const std::exception&) {
+    return 0;
+}
+
+std::int32_t CSSYFile::Read(void** record) {
+    Operation operation(*this, u"Orvale - CSSYFile::Read",
+                        Operation::kBegin | Operation::kSucceeded | Operation::kFinish);
+    const std::int32_t result = operation.Run([&] {
+        Require(IsOpened() && record != nullptr);
+        *record = &contact_;
+        contact_.Clear();
+        std::u16string text;
+        Require(ReadString(&text) != 0 && !text.empty());
+        ParseRecord(text);
+        orvale::LogContact(&contact_);
+    });
+    if (result == 0) operation.Tell(u"failed");
+    return result;
+}
+
+// The fields stand in the order of the map, with the last value of each type.
+void CSSYFile::ParseRecord(std::u16string_view text) {
+    orvale::HashMap<std::u16string> values;
+    const auto set = [&](std::int32_t type, std::u16string value) {
+        if (!value.empty()) values.Set(type, std::move(value));
+    };
+    set(CF_GIVEN_NAME, TakeItem(text));
+    set(CF_FAMILY_NAME, TakeItem(text));
+    TakeItem(text);
+    TakeItem(text);
+    set(CF_NAME_4, TakeItem(text));
+    std::u16string_view pairs = TakeToken(text, u":");
+    while (!pairs.empty()) {
+        const std::int32_t type = TypeOf(orvale::ToNumber(TakeToken(pairs, u",")));
+        set(type, std::u16string(TakeToken(pairs, u",")));
+    }
+    set(CF_EMAIL_PREF, TakeItem(text));
+    set(CF_URL_1, TakeItem(text));
+
+    CContactField field;
+    for (const auto& entry : values) {
+        field.Type = entry.key;
+        field.Data = entry.value;
+        Require(contact_.AddField(field) != 0, "no memory");
+    }
+}

@@ -1,0 +1,331 @@
+#include "xml/CDXMLFile.h"
+
+#include <algorithm>
+
+#include "frame/RecordLog.h"
+#include "platform/Format.h"
+#include "records/DriverName.h"
+#include "xml/CommentTable.h"
+
+using orvale::AddElement;
+using orvale::AddIndent;
+using orvale::CommentTable;
+using orvale::ForEachChild;
+using orvale::Operation;
+using orvale::Overloaded;
+using orvale::Require;
+
+namespace {
+
+constexpr std::u16string_view kIdentifier = u"suite-calendar";
+
+// ---- the document
+
+const CommentTable& TypeComment() {
+    static const CommentTable comments =
+        CommentTable().Plain(orvale::JoinNames(orvale::kCalendarItemTypes, u"%s - %d", u", "));
+    return comments;
+}
+
+const CommentTable& CategoryComments() {
+    static const CommentTable comments = CommentTable().NamesInColumns(
+        orvale::kCalendarCategories, {u"%-19s-%2d,", u"%-17s-%2d,", u"%-16s-%2d,", u"%-16s-%2d,", u"%-13s-%2d"});
+    return comments;
+}
+
+const CommentTable& RecurrenceComment() {
+    static const CommentTable comments = CommentTable().Plain(orvale::JoinNames(orvale::kRecurrences, u"%s-%d", u" "));
+    return comments;
+}
+
+const CommentTable& WeekdayComment() {
+    static const CommentTable comments = CommentTable().Plain(orvale::JoinNames(orvale::kWeekdays, u"%s= %d", u","));
+    return comments;
+}
+
+const CommentTable& PriorityComment() {
+    static const CommentTable comments =
+        CommentTable().Plain(orvale::JoinNames(orvale::kTaskPriorities, u"%s-%d", u" "));
+    return comments;
+}
+
+/// A number that is written as an unsigned one, so that -1 stands as 4294967295.
+struct Unsigned {
+    std::int32_t CCalendarItem::*member;
+};
+
+/// The place of the fields, whose elements have names of their own.
+struct Fields {};
+
+struct DataElement {
+    std::u16string_view name;
+    std::variant<std::int32_t CCalendarItem::*, std::u16string CCalendarItem::*, DateValue CCalendarItem::*, Unsigned,
+                 Fields>
+        member;
+    const CommentTable& (*comments)() = nullptr;  ///< what stands before the element
+    std::int32_t version = 0;                     ///< only records of this layout have the member
+};
+
+using Item = CCalendarItem;
+constexpr DataElement kData[] = {
+    {u"type", Unsigned{&Item::itemType}, TypeComment},
+    {u"category", &Item::category, CategoryComments, 101},
+    {u"dtstart", &Item::dtstart},
+    {u"dtend", &Item::dtend},
+    {u"", Fields()},
+    {u"recurtype", &Item::recurtype, RecurrenceComment},
+    {u"recurday", &Item::recurday},
+    {u"recurweekday", &Item::recurweekday},
+    {u"recurweekmask", &Item::recurweekmask, WeekdayComment},
+    {u"recurmonth", &Item::recurmonth},
+    {u"recurinstance", &Item::recurinstance},
+    {u"recurinterval", &Item::recurinterval},
+    {u"recurrepeat", &Item::recurrepeat},
+    {u"recurenddate", &Item::recurenddate},
+    {u"recurhasenddate", &Item::recurhasenddate},
+    {u"remindermin", &Item::remindermin},
+    {u"ringid", &Item::ringid},
+    {u"ring", &Item::ring},
+    {u"vibration", &Item::vibration},
+    {u"secret", &Item::secret},
+    {u"priority", &Item::priority, PriorityComment},
+    {u"complete", &Item::complete},
+    {u"duration", &Item::duration},
+    {u"reserve1", &Item::reserve1},
+    {u"reserve2", &Item::reserve2},
+};
+
+struct FieldElement {
+    std::u16string_view name;
+    std::int32_t type;
+};
+
+constexpr FieldElement kFields[] = {
+    {u"description", CAL_FIELD_DESCRIPTION}, {u"body", CAL_FIELD_BODY},
+    {u"location", CAL_FIELD_LOCATION},       {u"url", CAL_FIELD_URL},
+    {u"phoneno", CAL_FIELD_PHONENO},
+};
+
+// The element of a config's type; other types have none.
+std::u16string_view ConfigName(std::int32_t type) {
+    return type == PHONE_EVENT_TYPE ? u"event" : type == PHONE_TODO_TYPE ? u"todo" : u"";
+}
+
+// The one comment that holds several lines.
+std::u16string FlagsComment() {
+    const std::u16string rule(126, u'=');
+    std::u16string text = rule +
+                          u"\r\nThe config node of Event/Todo includes the flags that illustrate what kind of fields "
+                          u"the phone supports.The value can be one or \r\nmore of the following flags:\r\n";
+    for (const orvale::NamedValue& row : orvale::kCalendarProperties)
+        text +=
+            orvale::Format(u"%-48s%-15s%s\r\n", u" " + row.WideName(), orvale::Format(u" 0x%08X", row.value), row.text);
+    return text + rule;
+}
+
+}  // namespace
+
+CCDXMLFile::CCDXMLFile() : SuiteFile(u"ORVALE - CCDXMLFile::Open") {}
+
+std::int32_t CCDXMLFile::Open(const char16_t* fileName, const std::uint32_t* openFlags) {
+    Operation operation(*this, u"ORVALE - CCDXMLFile::Open", Operation::kBegin | Operation::kFinish);
+    return operation.Run([&] { OpenDocument(operation, fileName, openFlags); });
+}
+
+void CCDXMLFile::Close() {
+    if (HasDocument()) {
+        item_.Clear();
+        profile_ = {};
+        SaveDocument();
+    }
+    orvale::LogText(u"ORVALE - CCDXMLFile::Close : Begin/Finish\r\n");
+}
+
+void CCDXMLFile::SetProfile(const void* profile) {
+    if (!HasDocument() || profile == nullptr) return;
+    orvale::LogFormat(u"ORVALE - CCDXMLFile::SetProfile : Profile[0x%08X]\r\n", profile);
+    Contained([&] {
+        profile_ = *static_cast<const CCalendarProfile*>(profile);
+        profile_.dllname = orvale::DriverName(profile_.dllname);
+    });
+}
+
+void CCDXMLFile::GetProfile(const void** profile) {
+    if (HasDocument() && profile != nullptr) *profile = &profile_;
+}
+
+std::int32_t CCDXMLFile::Verify() {
+    return JudgeIdentifier(kIdentifier);
+}
+
+// ---- reading
+
+std::int32_t CCDXMLFile::ReadFileHeader() {
+    Operation operation(*this, u"ORVALE - CCDXMLFile::ReadFileHeader");
+    return operation.Run([&] {
+        operation.Tell(u"Check file Status");
+        Require(HasDocument());
+        profile_ = {};
+        operation.Tell(u"Get Profile Node");
+        const NodeHandle profile = Document().FindChild(u"profile", {});
+        if (!profile) operation.Tell(u"NULL Profile Node");
+        Require(static_cast<bool>(profile));
+        ForEachChild(Document(), profile, [&](NodeHandle child) {
+            if (Document().HasNameNoCase(child, u"dllname")) {
+                operation.Tell(u"Read Dll Name");
+                profile_.dllname = Document().GetText(child);
+            } else if (Document().HasNameNoCase(child, u"handset")) {
+                operation.Tell(u"Read Phone ID");
+                profile_.handset = Document().GetText(child);
+            } else if (Document().HasNameNoCase(child, u"event")) {
+                operation.Tell(u"Read Event Config");
+                ReadConfig(child, PHONE_EVENT_TYPE);
+            } else if (Document().HasNameNoCase(child, u"todo")) {
+                operation.Tell(u"Read Todo Config");
+                ReadConfig(child, PHONE_TODO_TYPE);
+            }
+        });
+        SetEntries(Document().FindChild(u"calendarentries", {}));
+    });
+}
+
+void CCDXMLFile::ReadConfig(NodeHandle node, std::int32_t type) {
+    const NodeHandle number = Document().FindChild(u"config", node);
+    if (!number) return;
+    CCalendarConfig config;
+    config.type = type;
+    config.config = orvale::ToNumber(Document().GetText(number));
+    profile_.configSet.AddConfig(config);
+}
+
+std::int32_t CCDXMLFile::Read(void** record) {
+    Operation operation(*this, u"ORVALE - CCDXMLFile::Read");
+    return operation.Run([&] {
+        operation.Tell(u"Check file Status");
+        Require(HasDocument());
+        operation.Tell(u"Check Entries");
+        Require(Entries() && record != nullptr);
+        *record = &item_;
+        item_.Clear();
+        const NodeHandle node = NextEntry(u"data");
+        operation.Tell(u"Load Calendar");
+        Require(static_cast<bool>(node));
+        LoadCalendar(item_, node);
+    });
+}
+
+void CCDXMLFile::LoadCalendar(CCalendarItem& item, NodeHandle node) {
+    const auto tell = [&](NodeHandle child, const std::u16string& text) {
+        if (orvale::LogEnabled())
+            orvale::LogFormat(u"ORVALE - CCDXMLFile::LoadCalendar : %s  - %s\r\n", Document().GetName(child), text);
+    };
+    // A date that can't be converted is no failure, but the record shows it.
+    const auto takeDate = [&](std::u16string_view text, DateValue& date) {
+        if (!orvale::UtcTextToDate(orvale::Trim(text), date)) item.operation = OPERATION_MODIFY;
+    };
+    orvale::RowFinder<DataElement> rows(kData);
+    ForEachChild(Document(), node, [&](NodeHandle child) {
+        const auto hasName = [&](std::u16string_view name) { return Document().HasNameNoCase(child, name); };
+        if (const auto* const field = std::find_if(std::begin(kFields), std::end(kFields),
+                                                   [&](const FieldElement& row) { return hasName(row.name); });
+            field != std::end(kFields)) {
+            auto added = std::make_unique<CCalendarField>();
+            added->Type = field->type;
+            added->Data = Document().GetText(child);
+            tell(child, added->Data);
+            item.fields.push_back(std::move(added));
+            return;
+        }
+        const DataElement* const row = rows.Find(hasName);
+        if (row == nullptr) return;
+        const std::u16string text = Document().GetText(child);
+        tell(child, text);
+        if (row->version != 0 && row->version != item.GetVersion()) return;
+        std::visit(Overloaded{[&](std::int32_t Item::*number) { item.*number = orvale::ToNumber(text); },
+                              [&](std::u16string Item::*member) { item.*member = text; },
+                              [&](DateValue Item::*date) { takeDate(text, item.*date); },
+                              [&](Unsigned number) { item.*number.member = orvale::ToNumber(text); }, [](Fields) {}},
+                   row->member);
+    });
+    orvale::LogText(std::u16string(104, u'=') + u"\r\n");
+}
+
+// ---- writing
+
+std::int32_t CCDXMLFile::WriteFileHeader() {
+    Operation operation(*this, u"ORVALE - CCDXMLFile::WriteFileHeader", Operation::kBegin | Operation::kFinish);
+    return operation.Run([&] {
+        operation.Tell(u"Check file status");
+        Require(HasDocument());
+        EmptyDocument();
+        operation.Tell(u"Create XML header");
+        Document().CreateHeader();
+        operation.Tell(u"Create root node");
+        const NodeHandle root = Document().CreateRoot(u"calendar");
+        if (!root) operation.Tell(u"Failed to create root node");
+        Require(static_cast<bool>(root));
+        operation.Tell(u"Set root attribute");
+        SetRootAttributes(root, kIdentifier);
+        AddIndent(Document(), root, 0);
+        Document().AddComment(FlagsComment(), root);
+        operation.Tell(u"Create profile node");
+        const NodeHandle profile = AddElement(Document(), root, u"profile", 1);
+        if (!profile) operation.Tell(u"Failed to create profile node");
+        Require(static_cast<bool>(profile));
+        AddElement(Document(), profile, u"handset", 2, profile_.handset);
+        AddElement(Document(), profile, u"dllname", 2, profile_.dllname);
+        for (const auto& config : profile_.configSet.configs)
+            if (config) WriteConfig(profile, *config);
+        AddIndent(Document(), profile, 1);
+        SetEntries(AddElement(Document(), root, u"calendarentries", 1));
+    });
+}
+
+// A config of a type without an element leaves white space alone.
+void CCDXMLFile::WriteConfig(NodeHandle profile, const CCalendarConfig& config) {
+    const NodeHandle node = AddElement(Document(), profile, ConfigName(config.type), 2);
+    if (!node) return;
+    AddElement(Document(), node, u"config", 3, orvale::ToText(config.config));
+    AddIndent(Document(), node, 2);
+}
+
+std::int32_t CCDXMLFile::Write(const void* record) {
+    Operation operation(*this, u"ORVALE - CCDXMLFile::Write");
+    return operation.Run([&] {
+        operation.Tell(u"Check file status");
+        Require(HasDocument());
+        operation.Tell(u"Check the object");
+        Require(record != nullptr);
+        operation.Tell(u"Check the entries");
+        Require(static_cast<bool>(Entries()));
+        operation.Tell(u"Write the object");
+        Require(WriteCalendar(*static_cast<const CCalendarItem*>(record), Entries()) != 0);
+    });
+}
+
+std::int32_t CCDXMLFile::WriteCalendar(const CCalendarItem& item, NodeHandle entries) {
+    Operation operation(*this, u"ORVALE - CCDXMLFile::WriteCalendar");
+    return operation.Run([&] {
+        orvale::LogCalendar(&item);
+        const NodeHandle node = AddElement(Document(), entries, u"data", 2);
+        if (!node) operation.Tell(u"Failed to create the data node");
+        Require(static_cast<bool>(node));
+        AddNumberComment(node, 3);
+        for (const DataElement& row : kData) {
+            if (row.version != 0 && row.version != item.GetVersion()) continue;
+            if (row.comments != nullptr) WriteCommentTable(Document(), row.comments(), node, 3);
+            const auto add = [&](const std::u16string& text) { AddElement(Document(), node, row.name, 3, text); };
+            std::visit(Overloaded{[&](auto member) { add(orvale::ToText(item.*member)); },
+                                  [&](Unsigned number) { add(orvale::Format(u"%u", item.*number.member)); },
+                                  [&](Fields) { WriteFields(item, node); }},
+                       row.member);
+        }
+        AddIndent(Document(), node, 2);
+    });
+}
+
+void CCDXMLFile::WriteFields(const CCalendarItem& item, NodeHandle node) {
+    for (const auto& field : item.fields)
+        for (const FieldElement& row : kFields)
+            if (field && field->Type == row.type) AddElement(Document(), node, row.name, 3, field->Data);
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "records/SMSItem.h"
+#include "xml/CommentTable.h"
+#include "xml/SuiteFile.h"
+
+/// The SMS suite: root `SMS` with the id "suite-SMS", a profile (CSMSProfile) and messages. Every message has all its
+/// elements, also those whose text is empty; the profile is carried and binds no message. Element names count in their
+/// exact case, but for `sms`.
+class CSMSXMLFile : public orvale::SuiteFile {
+ public:
+    CSMSXMLFile();
+    ~CSMSXMLFile() override;
+
+    using SuiteFile::Open;
+    using SuiteFile::Read;
+    using SuiteFile::Write;
+    void Close() override;
+    std::int32_t Open(const char16_t* fileName, const std::uint32_t* openFlags) override;
+    void SetProfile(const void* profile) override;
+    std::int32_t ReadFileHeader() override;
+    std::int32_t Verify() override;
+    std::int32_t Read(void** record) override;
+    std::int32_t WriteFileHeader() override;
+    std::int32_t Write(const void* record) override;
+    void GetProfile(const void** profile) override;
+
+ private:
+    std::int32_t ReadXMLProfile(NodeHandle node);
+    std::int32_t ReadXMLDeviceProfile(NodeHandle node, CSMSProfile& profile);
+    std::int32_t ReadXMLBoxProfile(NodeHandle node, CSMSProfile& profile);
+    std::int32_t ReadSMSItem(CSMSItem& sms, NodeHandle node);
+    std::int32_t WriteXMLProfile(NodeHandle node);
+    std::int32_t WriteXMLDeviceProfile(NodeHandle node, const CSMSProfile& profile);
+    std::int32_t WriteXMLBoxProfile(NodeHandle node, const CSMSProfile& profile);
+    std::int32_t WriteSMSItem(const CSMSItem& sms, NodeHandle entries);
+    void WriteCommentTable(const orvale::CommentTable& table, NodeHandle parent, std::int32_t indent);
+
+    CSMSItem sms_;
+    CSMSProfile profile_;
+};

@@ -1,0 +1,208 @@
+#include "text/CSVFile.h"
+
+#include <gmock/gmock.h>
+#include <signal.h>
+#include <sys/resource.h>
+
+#include "platform/Format.h"
+#include "support/FileDriver.h"
+#include "support/LogLines.h"
+
+using namespace orvale::test;
+using testing::ElementsAre;
+
+namespace {
+
+using CSVDriver = FileDriver<CCSVFile, CContactItem>;
+
+const CCSVProfile kProfile{{1, 104, 3002, 104}, {u"Given", u"Mob,ile", u"", {u"Mobile\0cut off", 14}}};
+const std::string kHeader = "Given,Mob,ile,,Mobile,\r\n";
+
+// What the lines behind a header give.
+std::vector<std::string> ReadAll(const std::string& bytes) {
+    const ScratchFolder folder;
+    folder.Put("in.csv", bytes);
+    CSVDriver file(folder.Name("in.csv"));
+    const CCSVProfile profile{{1, 104, 3002}, {u"Given", u"Mobile", u"Note"}};
+    file->SetProfile(&profile);
+    EXPECT_EQ(file->ReadFileHeader(), 1);
+    std::vector<std::string> all;
+    while (!file->AtEnd()) {
+        const CContactItem* contact = file.Next();
+        all.push_back(contact != nullptr ? ValuesOf(*contact) : "refused");
+    }
+    EXPECT_EQ(file.Next(), nullptr);
+    return all;
+}
+
+std::string Bytes(std::size_t size) {
+    std::string bytes(size, '\0');
+    for (std::size_t i = 0; i < size; ++i)
+        bytes[i] = static_cast<char>(i * 31 / 7);
+    return bytes;
+}
+
+}  // namespace
+
+TEST(CSVFile, ALineGivesItsFields) {
+    const std::pair<std::string, const char*> cases[] = {
+        {R"("Ann","555","red","n",)", "1=Ann|104=555|3002=n"},
+        {"Ann,555,red,n,one too many", "1=Ann|104=555|3002=n"},
+        {" \t", ""},
+        {R"(,"",,,)", "1="},                         // a name alone may be empty
+        {R"(" Ann "," 5 ",," ")", "1= Ann |104=5"},  // and keeps its blanks
+        {"  Ann , 5\t,", "1=Ann|104=5"},             // unless no quotes keep them
+        {R"("a,,b",,,"c,d")", "1=a,,b|3002=c,d"},    // commas within quotes
+        {R"("a""b","""",,"""c,""",)", "1=a\"b|104=\"|3002=\"c,\""},
+        {R"(a"b,c"d)", "1=a\"b|104=c\"d"},        // quotes that open nothing
+        {R"("a ,b","1 , 2")", "1=a,b|104=1, 2"},  // the first comma takes a blank along
+        {R"("a,b" ,5)", "1=\"a,b\" |104=5"},      // a blank behind the last quote spoils it
+        {R"("a,"5",,n)", "1=\"a|104=5|3002=n"},   // never closed
+        {R"("a,"5,6)", "1=\"a,\"5|104=6"},        // closed by another's quote
+        {R"(""",5)", "1=\"|104=5"},
+        {R"(")", "1=\r\n"},                 // both first and last, with a line end between
+        {R"(,")", "1="},                    // which no phone number has
+        {std::string("A\0B,5", 5), "1=A"},  // a zero ends the line
+        {"a\nb,1\r2", "1=a\nb|104=1\r2"},
+        {"Zo\xC3\xAB", "1=Zo\xC3\xAB"},
+    };
+    for (const auto& [line, values] : cases) {
+        EXPECT_THAT(ReadAll(" given,MOBILE ,Colour,Note\r\n" + line + "\r\n"), ElementsAre(values)) << line;
+        EXPECT_THAT(ReadAll("GIVEN,mobile,Colour,Note,\r\n" + line), ElementsAre(values)) << line;
+    }
+    // Where a quote never closes, the comma at the end counts as taken with it.
+    EXPECT_THAT(ReadAll("Given,Given\r\na,,\r\n\"a,,"), ElementsAre("1=a|1=", "1=\"a"));
+}
+
+TEST(CSVFile, ALineHas2047BytesAtMost) {
+    const auto x = [](std::size_t size) { return std::string(size, 'x'); };
+    EXPECT_THAT(ReadAll("Given\r\n" + x(2045) + "\r\nx\r\n"), ElementsAre("1=" + x(2045), "1=x"));
+    EXPECT_THAT(ReadAll("Given\r\n" + x(2047)), ElementsAre("1=" + x(2047)));
+    EXPECT_THAT(ReadAll("Given\r\n" + x(2048)), ElementsAre("refused"));
+    // 2048 bytes go with a refused line, and the next begins behind them.
+    EXPECT_THAT(ReadAll("Given\r\n" + x(2046) + "\r\nx"), ElementsAre("refused", "1=x"));
+    EXPECT_THAT(ReadAll("Given\r\n" + x(2051) + "\r\n"), ElementsAre("refused", "1=xxx"));
+}
+
+TEST(CSVFile, AHeaderNamesAtLeastOneColumn) {
+    const auto header = [](std::size_t a, std::size_t b) { return std::string(a, 'a') + ',' + std::string(b, 'b'); };
+    const std::tuple<std::string, std::int32_t, std::int32_t> cases[] = {
+        {"", 0, VERIFY_NOT_READ_HEADER},
+        {" \r\n", 0, VERIFY_NOT_READ_HEADER},
+        {",", 1, VERIFY_OK},
+        {header(1024, 1020) + "\r\n", 1, VERIFY_OK},
+        {header(1024, 1021) + "\r\n", 0, VERIFY_NOT_READ_HEADER},  // a line of 2048 bytes
+        {header(1025, 1), 0, VERIFY_NOT_READ_HEADER},
+        {header(1, 1025), 0, VERIFY_OK},  // the caption before it stays
+    };
+    for (const auto& [line, result, code] : cases) {
+        const ScratchFolder folder;
+        folder.Put("in.csv", line);
+        CSVDriver file(folder.Name("in.csv"));
+        EXPECT_EQ(file->ReadFileHeader(), result) << line;
+        EXPECT_EQ(file->Verify(), code) << line;
+    }
+}
+
+TEST(CSVFile, AContactIsALineOfQuotedValues) {
+    const std::pair<std::vector<const char*>, std::string> cases[] = {
+        {{}, kHeader},
+        {{"", "5=no such column"}, kHeader + ",,,,\r\n,,,,\r\n"},
+        {{"3002=n|1=Ann"}, kHeader + "\"Ann\",,\"n\",,\r\n"},
+        {{"1=|104=\",\"|104=\xC3\xAB\r\n"}, kHeader + "\"\",\"\"\",\"\"\",,\"\xC3\xAB\r\n\",\r\n"},
+        {{"104=1", "104=1|1=A|104=2|104=3|1=B", "1=C|1=D"},  // wider and wider
+         "Given,Mob,ile,,Mobile,Mob,ile,Given,\r\n,\"1\",,,\r\n\"A\",\"1\",,\"2\",\"3\",\"B\",\r\n\"C\",,,,,\"D\","
+         "\r\n"},
+    };
+    for (const auto& [contacts, bytes] : cases) {
+        const ScratchFolder folder;
+        CSVDriver file(folder.Name("out.csv"), CFile::kCreateReadWrite);
+        CContactItem contact;
+        EXPECT_EQ(file->WriteFileHeader() + file.Write(&contact), 0);  // not without a profile
+        file->SetProfile(&kProfile);
+        for (const char* values : contacts) {
+            contact = ContactOf(values);
+            contact.fields.push_back(nullptr);
+            if (contact.fields[0]) contact.fields[0]->Data += std::u16string(u"\0cut off", 8);
+            EXPECT_EQ(file.Write(&contact), 1);
+        }
+        EXPECT_EQ(file->WriteFileHeader(), 1);
+        EXPECT_EQ(folder.Get("out.csv"), bytes);
+    }
+}
+
+TEST(CSVFile, TheHeaderGoesInFrontOfAnyLength) {
+    for (const std::size_t length : {0U, 1U, 23U, 25U, 256U * 1024 + 24, 600U * 1024}) {
+        const std::string content = Bytes(length);
+        const ScratchFolder folder;
+        folder.Put("f.csv", content);
+        CSVDriver file(folder.Name("f.csv"), CFile::kModeReadWrite);
+        file->SetProfile(&kProfile);
+        EXPECT_EQ(file->WriteFileHeader(), 1);
+        const CContactItem contact;
+        EXPECT_EQ(file.Write(&contact), 1);
+        EXPECT_TRUE(folder.Get("f.csv") == kHeader + content + ",,,,\r\n") << length;
+    }
+}
+
+TEST(CSVFile, AFullDiskLeavesTheContacts) {
+    const ScratchFolder folder;
+    const std::string content = Bytes(300'000);
+    folder.Put("f.csv", content);
+    const ChildResult child = InChild([&] {
+        CSVDriver file(folder.Name("f.csv"), CFile::kModeReadWrite);
+        file->SetProfile(&kProfile);
+        signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{300'004, 300'004};
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+        EXPECT_EQ(file->WriteFileHeader(), 0);
+    });
+    EXPECT_EQ(child.exitCode, 0);
+    EXPECT_TRUE(folder.Get("f.csv") == content);
+}
+
+TEST(CSVFile, ColumnsHaveTheirTypesFromTheLastProfile) {
+    const ScratchFolder folder;
+    folder.Put("f.csv", "A,B,C\r\n1,2,3,4,5\r\n1,2,3,4,5\r\n1,2,3,4,5\r\n");
+    CSVDriver file(folder.Name("f.csv"));
+    EXPECT_EQ(file->ReadFileHeader() + file->ReadFileHeader(), 2);
+    EXPECT_EQ(ValuesOf(*file.Next()), "");
+    // Of two captions that are alike the first counts, -1 is the type of none, and C has no type.
+    const CCSVProfile profile{{7, 8, 0xFFFFFFFF}, {u"b", u"B", u"A", u"C"}};
+    file->SetProfile(&profile);
+    file->SetProfile(nullptr);
+    EXPECT_EQ(ValuesOf(*file.Next()), "7=2");
+    const CCSVProfile none;
+    file->SetProfile(&none);
+    EXPECT_EQ(ValuesOf(*file.Next()), "");
+}
+
+TEST(CSVFile, TheLogTellsEachOperation) {
+    const ScratchFolder folder;
+    folder.Put("f.csv", "Given,\r\n\"Ann\",\r\n");
+    const std::string log = LogLines("ORVALE - CCSVFile::", [&] {
+        CSVDriver file(folder.Name("f.csv"), CFile::kModeReadWrite);
+        file->SetProfile(&kProfile);
+        file->ReadFileHeader();
+        file->Verify();
+        file.Next();
+        file.Next();
+        const CContactItem contact = ContactOf("1=B");
+        file.Write(&contact);
+        file->WriteFileHeader();
+        file->Close();
+        EXPECT_EQ(file.Write(&contact) + file->WriteFileHeader() + file->ReadFileHeader(), 0);
+        EXPECT_EQ(file->Verify(), VERIFY_NOT_OPENED);
+    });
+    const std::string address = orvale::ToUtf8(orvale::Format(u"0x%08X", static_cast<const void*>(&kProfile)));
+    const std::string contact = "Storage : 0  Memory Location : -1 Index : -1 Operation : None|Type : 1  Data : ";
+    EXPECT_EQ(log, "@Open : File Name[" + (folder / "f.csv").string() + "]|@SetProfile : Profile[" + address + "]|" +
+                       "@ReadFileHeader : Begin|@ReadFileHeader : Given,|@ReadFileHeader : Finish|" +
+                       "@Read : Begin|@Read : \"Ann\",|" + contact + "Ann|@Read : Succeeded|@Read : Finish|" +
+                       "@Read : Begin|@Read : Failed|@Read : Finish|@Write : Begin|" + contact +
+                       "B|@Write : \"B\",,,,||@Write : Succeeded|@Write : Finish|@WriteFileHeader : Begin|" +
+                       "@WriteFileHeader : Given,Mob,ile,,Mobile,||@WriteFileHeader : Finish|" +
+                       "@Close : Begin/Finish|@Write : Begin|@Write : Failed|@Write : Finish|" +
+                       "@WriteFileHeader : Begin|@WriteFileHeader : Finish|" +
+                       "@ReadFileHeader : Begin|@ReadFileHeader : Finish|@Close : Begin/Finish|");
+}

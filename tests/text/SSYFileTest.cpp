@@ -1,0 +1,124 @@
+#include "text/SSYFile.h"
+
+#include <gmock/gmock.h>
+
+#include "support/Bytes.h"
+#include "support/FileDriver.h"
+#include "support/LogLines.h"
+
+using namespace orvale::test;
+using namespace std::string_literals;
+using testing::ElementsAre;
+
+namespace {
+
+using SSYDriver = FileDriver<CSSYFile, CContactItem>;
+
+std::string Header(std::int64_t size) {
+    std::string header = "SSY 1.0";
+    header.resize(40);
+    return header + "2010-07-26" + Int32(size);  // the date fills its place: no zero ends it
+}
+
+struct ReadBack {
+    std::int32_t header;
+    std::int32_t code;
+    std::vector<std::string> contacts;
+};
+
+ReadBack ReadAll(const std::string& bytes) {
+    const ScratchFolder folder;
+    folder.Put("in.ssy", bytes);
+    SSYDriver file(folder.Name("in.ssy"));
+    ReadBack all{file->ReadFileHeader(), file->Verify(), {}};
+    while (!file->AtEnd()) {
+        const CContactItem* contact = file.Next();
+        all.contacts.push_back(contact != nullptr ? ValuesOf(*contact) : "refused");
+    }
+    EXPECT_EQ(file.Next(), nullptr);
+    return all;
+}
+
+std::vector<std::string> ReadRecords(const std::string& records) {
+    return ReadAll(Header(0) + records).contacts;
+}
+
+}  // namespace
+
+TEST(SSYFile, ARecordGivesItsFieldsInMapOrder) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"Ann,Lee,,,,3,555:,", "2=Lee|1=Ann|113=555"},
+        {"Ann,Lee,no,no,X,:a@b,w.c", "4=X|2=Lee|1=Ann|1500=w.c|1000=a@b"},
+        {"A&44B,&45&44,,,&&445,:&45,&4", "4=&,5|2=:,|1=A,B|1500=&4|1000=:"},
+        {",,,,,0,&44&45:", "100=&44&45"},                             // no marks in pairs
+        {"Ann,,,,,0,1,0,2,20,Bea,25,x,0,:y,", "1=Bea|100=2|1000=y"},  // the later value, unless it is empty
+        {",,,,,0,a,1,b,2,c,3,d,4,e,5,f,6,g,7,h,8,i,9,j,10,k,11,l,12,m,13,n,14,o,15,p,16,q",
+         "111=p|106=m|110=l|108=k|104=j|103=h|102=g|101=c|100=a|"
+         "119=q|118=o|117=n|115=i|116=f|114=e|113=d|112=b"},
+        {",,,,,20,a,21,b,22,c,23,d,24,e,25,f,26,g", "5=e|4=d|3=c|2=b|1=a|1500=g|1000=f"},
+        {",,,,,17,a,27,b,-1,c, +9,d,8x,e,x,f", "100=f|104=d|115=e|-1=c"},
+        {",,,,,0,1,25,m,,w", "100=w|1000=m"},  // no colon: all the rest are pairs, and no number is 0
+        {"A,,,,,6,1,7:m,u,more", "1=A|102=1|1500=u|1000=m"},
+        {" Ann ", "1= Ann "},
+        {"a:b,c", "2=c|1=a:b"},
+        {",", ""},
+        {"Zo\xC3\xAB\r\n,", "1=Zo\xC3\xAB\r\n"},
+    };
+    for (const auto& [record, values] : cases)
+        EXPECT_THAT(ReadRecords(record + "\0"s), ElementsAre(values)) << record;
+}
+
+TEST(SSYFile, ARecordEndsInAZeroWithin2048Bytes) {
+    const std::string x(2047, 'x');
+    EXPECT_THAT(ReadRecords(x + "\0Ann\0"s), ElementsAre("1=" + x, "1=Ann"));
+    EXPECT_THAT(ReadRecords(x + "x\0Ann\0"s), ElementsAre("refused", "refused", "1=Ann"));  // an empty one follows
+    EXPECT_THAT(ReadRecords(x + "xyz\0Ann\0"s), ElementsAre("refused", "1=yz", "1=Ann"));
+    EXPECT_THAT(ReadRecords("\0A\0B"s), ElementsAre("refused", "1=A", "refused"));
+}
+
+TEST(SSYFile, CutAtEveryLengthTheWholeRecordsRemain) {
+    const std::string bytes = Header(12) + "Ann,\0Bea,Lee\0"s;  // the size lies by one
+    for (std::size_t size = 0; size <= bytes.size(); ++size) {
+        SCOPED_TRACE(size);
+        const ReadBack cut = ReadAll(bytes.substr(0, size));
+        EXPECT_EQ(cut.header, size >= 54);
+        EXPECT_EQ(cut.code, size == 54 + 12 ? VERIFY_OK : VERIFY_WRONG_SIZE);
+        std::vector<std::string> whole;
+        if (size >= 54 + 5) whole.emplace_back("1=Ann");
+        if (size == bytes.size()) whole.emplace_back("2=Lee|1=Bea");
+        if (size > 54 && size != 54 + 5 && size != bytes.size()) whole.emplace_back("refused");
+        EXPECT_EQ(cut.contacts, whole);
+    }
+    for (const std::int64_t size : {-54, 0x7FFFFFFF, -1})
+        EXPECT_EQ(ReadAll(Header(size)).code, VERIFY_WRONG_SIZE) << size;
+    EXPECT_EQ(ReadAll(Header(0)).code, VERIFY_OK);
+}
+
+TEST(SSYFile, TheLogTellsEachOperationAndNothingIsWritten) {
+    const ScratchFolder folder;
+    const std::string bytes = Header(4) + "Ann\0"s;
+    folder.Put("f.ssy", bytes);
+    const std::string log = LogLines(" - CSSYFile::", [&] {
+        SSYDriver file(folder.Name("f.ssy"), CFile::kModeReadWrite);
+        file->Verify();
+        file->ReadFileHeader();
+        file->Verify();
+        const CContactItem contact = *file.Next();
+        file.Next();
+        EXPECT_EQ(file->WriteFileHeader() + file.Write(&contact), 0);
+        file->Close();
+        EXPECT_EQ(file->Verify(), VERIFY_NOT_OPENED);
+        EXPECT_EQ(file->ReadFileHeader(), 0);
+    });
+    EXPECT_EQ(log, "ORVALE@Open : File Name[" + (folder / "f.ssy").string() +
+                       "]|Orvale@Verify : Begin|Orvale@Verify : Wrong file size|Orvale@Verify : Finish|"
+                       "ORVALE@ReadFileHeader : Begin|Orvale@ReadFileHeader : Version[SSY 1.0]|"
+                       "Orvale@ReadFileHeader : Time[2010-07-26]|ORVALE@ReadFileHeader : Finish|"
+                       "Orvale@Verify : Begin|Orvale@Verify : Finish|Orvale@Read : Begin|"
+                       "Storage : 0  Memory Location : -1 Index : -1 Operation : None|Type : 1  Data : Ann|"
+                       "Orvale@Read : Succeeded|Orvale@Read : Finish|"
+                       "Orvale@Read : Begin|Orvale@Read : failed|Orvale@Read : Finish|"
+                       "Orvale@Verify : Begin|Orvale@Verify : Not opened|Orvale@Verify : Finish|"
+                       "ORVALE@ReadFileHeader : Begin|");
+    EXPECT_EQ(folder.Get("f.ssy"), bytes);
+}

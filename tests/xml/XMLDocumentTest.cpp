@@ -1,0 +1,417 @@
+#include "xml/XMLDocument.h"
+
+#include <gtest/gtest.h>
+#include <libxml/globals.h>
+#include <libxml/parser.h>
+
+#include <filesystem>
+#include <functional>
+
+#include "platform/Text.h"
+#include "support/Bytes.h"
+#include "support/Child.h"
+#include "support/ScratchFolder.h"
+
+using orvale::FromUtf8;
+using orvale::ToUtf8;
+using orvale::test::InChild;
+using orvale::test::ScratchFolder;
+using orvale::test::Units;
+using namespace std::string_literals;
+
+namespace {
+
+// What a walk meets, as one text: a(b{text} #comment{text}), a lone text being its parent's.
+std::string Dump(const CXMLDocument& document, NodeHandle node) {
+    std::string dump = ToUtf8(document.GetName(node));
+    NodeHandle child = document.FirstChild(node);
+    const bool isLone = document.HasName(child, u"#text") && !document.NextSibling(child);
+    if (!node || !child || isLone) return dump + "{" + ToUtf8(document.GetText(node)) + "}";
+    dump += "(";
+    for (; child; child = document.NextSibling(child))
+        dump += Dump(document, child) + " ";
+    dump.back() = ')';
+    return dump;
+}
+
+constexpr const char* kRefused = "refused";
+
+class XMLDocument : public testing::Test {
+ protected:
+    std::string Load(std::string_view bytes) {
+        folder_.Put("file.xml", bytes);
+        CXMLDocument document;
+        EXPECT_EQ(document.Create(path_), 1);
+        return document.Load() == 1 ? Dump(document, document.GetRoot()) : kRefused;
+    }
+
+    const ScratchFolder folder_;
+    const std::u16string path_ = folder_.Name("file.xml");
+};
+
+}  // namespace
+
+TEST_F(XMLDocument, LoadsWhatIsWellFormed) {
+    const std::string bigEndian = "\xFE\xFF\0<\0a\0>\0\xE9\0<\0/\0a\0>"s;
+    struct Case {
+        const char* name;
+        std::string bytes;
+        std::string dump;
+    };
+    const Case cases[] = {
+        {"nothing", "", kRefused},
+        {"no element", "<?xml version='1.0'?><!--c-->", kRefused},
+        {"text alone", "text", kRefused},
+        {"not closed", "<a><b></b>", kRefused},
+        {"closed by another", "<a></b>", kRefused},
+        {"two roots", "<a/><b/>", kRefused},
+        {"an attribute twice", "<a x='1' x='2'/>", kRefused},
+        {"text behind the root", "<a/>x", kRefused},
+        {"control unit", "<a>\x01</a>", kRefused},
+        {"control unit as a reference", "<a>&#1;</a>", kRefused},
+        {"surrogate half as a reference", "<a>&#xD800;</a>", kRefused},
+        {"bad UTF-8", "<a>\xE4</a>", kRefused},
+        {"two hyphens in a comment", "<a><!-- -- --></a>", kRefused},
+        {"unknown entity", "<a>&b;</a>", kRefused},
+        {"unknown encoding", "<?xml version='1.0' encoding='no-such'?><a/>", kRefused},
+
+        {"no child", "<a/>", "a{}"},
+        {"UTF-8 with its mark", "\xEF\xBB\xBF<a>\xC3\xA9</a>", "a{\xC3\xA9}"},
+        {"UTF-16", "\xFF\xFE" + Units(u"<?xml version='1.0' encoding='UTF-16'?><a>\u00E9\U0001F600</a>"),
+         "a{\xC3\xA9\xF0\x9F\x98\x80}"},
+        {"UTF-16, high byte first", bigEndian, "a{\xC3\xA9}"},
+        {"ISO-8859-1", "<?xml version='1.0' encoding='ISO-8859-1'?><a>\xE9</a>", "a{\xC3\xA9}"},
+        {"windows-1252", "<?xml version='1.0' encoding='windows-1252'?><a>\x80</a>", "a{\xE2\x82\xAC}"},
+        {"beside the root", "<?x y?><!DOCTYPE a><!--c--><a/><!--c--><?x y?>", "a{}"},
+        {"text, comments and sections", "<a>x<!--c-->y<![CDATA[<&]]><?p q?>z</a>",
+         "a(#text{x} #comment{c} #text{y} #cdata-section{<&} p{q} #text{z})"},
+        {"line ends", "<a>1\r\n2\r3&#13;</a>", "a{1\n2\n3\r}"},
+        {"names with prefixes", "<p:a xmlns:p='u' xmlns='v'><b xmlns=''/><p:c/></p:a>", "p:a(b{} p:c{})"},
+        {"prefix without a declaration", "<p:a><q:b>1</q:b></p:a>", "p:a(q:b{1})"},
+    };
+    for (const Case& each : cases)
+        EXPECT_EQ(Load(each.bytes), each.dump) << each.name;
+}
+
+TEST_F(XMLDocument, AWalkMeetsNoBlanks) {
+    struct Case {
+        const char* name;
+        const char* bytes;
+        const char* dump;
+        const char16_t* text;
+    };
+    const Case cases[] = {
+        {"closing white space alone", "<a>\n\t</a>", "a{\n\t}", u"\n\t"},
+        {"a value of one blank", "<a> </a>", "a{ }", u" "},
+        {"beside a comment", "<a> <!--c--></a>", "a(#comment{c})", u" "},
+        {"beside a section", "<a> <![CDATA[ ]]></a>", "a(#cdata-section{ })", u"  "},
+        {"between elements", "<a>\n\t<b/>\r\n\t<!--c-->\n<c> </c>\n</a>", "a(b{} #comment{c} c{ })", u" "},
+        {"before comments that come first", "<a> <!--c--> <!--d--> <b>x</b> <!--e--> </a>",
+         "a(#comment{c} #comment{d} b{x} #comment{e})", u"x"},
+        {"around text", "<a> x <b/> y <c/> </a>", "a(#text{ x } b{} #text{ y } c{})", u" x  y "},
+        {"blanks that a reference makes", "<a>&#32;<b/>&#9;</a>", "a(b{})", u""},
+        {"a blank before a reference", "<a> &#65;<b/> &amp;</a>", "a(#text{ A} b{} #text{ &})", u" A &"},
+    };
+    for (const Case& each : cases) {
+        EXPECT_EQ(Load(each.bytes), each.dump) << each.name;
+        CXMLDocument document;
+        EXPECT_EQ(document.LoadXML(FromUtf8(each.bytes)), 1);
+        EXPECT_EQ(document.GetText(document.GetRoot()), each.text) << each.name;
+    }
+}
+
+TEST_F(XMLDocument, EntitiesAreTheDocumentsOwn) {
+    folder_.Put("secret", "secret");
+    folder_.Put("secret.dtd", "<!ENTITY e 'secret'><!ATTLIST a id CDATA 'secret'>");
+    const std::string secret = (folder_ / "secret").string();
+    std::string bomb = "<!DOCTYPE a [<!ENTITY e0 'lollollollollollol'>";
+    for (int i = 1; i < 30; ++i) {
+        const std::string before = "&e" + std::to_string(i - 1) + ";";
+        bomb += "<!ENTITY e" + std::to_string(i) + " '" + before + before + before + before + "'>";
+    }
+    bomb += "]><a>&e29;</a>";
+    struct Case {
+        const char* name;
+        std::string bytes;
+        std::string dump;
+    };
+    const Case cases[] = {
+        {"predefined", "<a>&lt;&gt;&amp;&apos;&quot;</a>", "a{<>&'\"}"},
+        {"text", "<!DOCTYPE a [<!ENTITY e 'x'><!ENTITY f '&e;y&#65;'>]><a>1&f;2</a>", "a{1xyA2}"},
+        {"elements", "<!DOCTYPE a [<!ENTITY e ' <b>x</b> '>]><a> &e; &e; </a>", "a(b{x} b{x})"},
+        {"in itself", "<!DOCTYPE a [<!ENTITY e '&f;'><!ENTITY f '&e;'>]><a>&e;</a>", kRefused},
+        {"a bomb", bomb, kRefused},
+        {"in another file", "<!DOCTYPE a [<!ENTITY e SYSTEM '" + secret + "'>]><a>&e;</a>", kRefused},
+        {"a parameter in another file", "<!DOCTYPE a [<!ENTITY % e SYSTEM '" + secret + ".dtd'>%e;]><a/>", kRefused},
+        {"another file's declarations", "<!DOCTYPE a SYSTEM '" + secret + ".dtd'><a>-</a>", "a{-}"},
+        {"and their use", "<!DOCTYPE a SYSTEM '" + secret + ".dtd'><a>&e;</a>", kRefused},
+        {"their use in an attribute", "<!DOCTYPE a SYSTEM '" + secret + ".dtd'><a b='&e;'/>", kRefused},
+    };
+    for (const Case& each : cases) {
+        const std::string dump = Load(each.bytes);
+        EXPECT_EQ(dump, each.dump) << each.name;
+    }
+
+    CXMLDocument document;
+    folder_.Put("file.xml", "<!DOCTYPE a [<!ATTLIST a id CDATA 'own'>]><a x='&lt; &#x41;&#10;'/>");
+    document.Create(path_);
+    ASSERT_EQ(document.Load(), 1);
+    EXPECT_EQ(document.GetAttribute(u"id", document.GetRoot()), u"own");
+    EXPECT_EQ(document.GetAttribute(u"x", document.GetRoot()), u"< A\n");
+    folder_.Put("file.xml", "<!DOCTYPE a SYSTEM '" + secret + ".dtd'><a/>");
+    ASSERT_EQ(document.Load(), 1);
+    EXPECT_EQ(document.GetAttribute(u"id", document.GetRoot()), u"");
+}
+
+TEST_F(XMLDocument, WhatIsTooLargeIsRefusedInPeace) {
+    std::string deep;
+    for (int i = 0; i < 100000; ++i)
+        deep += "<a>";
+    EXPECT_EQ(Load(deep), kRefused);
+    std::string levels = "<a>x</a>";
+    for (int i = 1; i < 250; ++i)
+        levels = "<a>" + levels + "</a>";
+    EXPECT_NE(Load(levels), kRefused);
+
+    for (const std::string what : {"<a:b", "<b xmlns:", "<b a:"}) {  // more names than the library keeps
+        std::string names = "<r xmlns:a='u'>";
+        for (int i = 0; i < 60000; ++i)
+            names += what + std::string(200, 'x') + std::to_string(i) + (what == "<a:b" ? "/>" : "='v'/>");
+        EXPECT_EQ(Load(names + "</r>"), kRefused) << what;
+    }
+
+    const std::string text(9'000'000, 'x');
+    EXPECT_EQ(Load("<a>" + text + "</a>"), "a{" + text + "}");
+
+    CXMLDocument document;  // one that is built may be as deep as its builder likes
+    document.Create(path_);
+    NodeHandle node = document.CreateRoot(u"a");
+    for (int i = 0; i < 100000; ++i)
+        node = document.CreateNode(u"a", i == 99999 ? CXMLDocument::Text(u"x") : std::nullopt, node, true, -1);
+    EXPECT_EQ(document.GetText(document.GetRoot()), u"x");
+    EXPECT_EQ(document.Save(), 1);
+}
+
+TEST_F(XMLDocument, BuildsAndSavesExactlyTheseBytes) {
+    CXMLDocument document;
+    document.Create(path_);
+    EXPECT_EQ(document.CreateHeader(), 1);
+    EXPECT_EQ(document.CreateHeader(), 0) << "it opens the document";
+    const NodeHandle root = document.CreateRoot(u"ro\x01ot");
+    EXPECT_EQ(document.GetRoot(), root);
+    EXPECT_EQ(document.SetAttribute(u"id", u"x", root), 1);
+    EXPECT_EQ(document.SetAttribute(u"p:b", u"", root), 1);
+    EXPECT_EQ(document.SetAttribute(u"id", u"<&\"\n\r\U0001F600", root), 1) << "in place of the first";
+    const NodeHandle parent = document.CreateNode(u"p", {}, {}, true, 1);
+    document.CreateNode(u"t", u"<&>\"'\r\n\t]]>\u00E9\u4E2D\uFFFD", parent, true, 2);
+    document.CreateNode(u"c\xD83D\xDE00l", u"\x01\x1F\xD800z\xDFFF\xFFFE\xFFFF\U0001F600", parent, true, 2);
+    document.CreateNode(u"e", u"", parent, true, -5);
+    document.AddComment(u" \U0001F600-\r\n", parent);
+    document.CreateNode(u"loose", u"x", parent, false, 0);
+    document.CreateNode(u"", {}, parent, true, 1);
+    EXPECT_EQ(document.Save(), 1);
+    EXPECT_EQ(folder_.Get("file.xml"),
+              "<?xml version='1.0' encoding='utf-8'?>\n"
+              "<root id=\"&lt;&amp;&quot;&#10;&#13;\xF0\x9F\x98\x80\" p:b=\"\">\n"
+              "\t<p>\n"
+              "\t\t<t>&lt;&amp;&gt;\"'&#13;\n\t]]&gt;\xC3\xA9\xE4\xB8\xAD\xEF\xBF\xBD</t>\n"
+              "\t\t<cl>z</cl><e/><!-- \xF0\x9F\x98\x80-\r\n-->\n"
+              "\n"
+              "\t</p></root>\n");
+}
+
+TEST_F(XMLDocument, NamesThatMakeNoElement) {
+    CXMLDocument document;
+    document.Create(path_);
+    const NodeHandle root = document.CreateRoot(u"root");
+    const std::u16string_view bad[] = {u"",   u"\x01", u"1a",     u"-a",      u"a b",       u"a<",
+                                       u"a/", u"a&",   u"\u00D7", u"a\u037E", u"\U0001F600"};
+    for (const std::u16string_view name : bad) {
+        EXPECT_FALSE(document.CreateNode(name, u"text", root, true, -1)) << ToUtf8(name);
+        EXPECT_EQ(document.SetAttribute(name, u"", root), 0) << ToUtf8(name);
+    }
+    EXPECT_FALSE(document.FirstChild(root)) << "nothing came of them";
+    EXPECT_FALSE(document.CreateNode(u"", {}, root, true, 2));
+    EXPECT_EQ(Dump(document, root), "root{\n\t\t}") << "but the indent goes in";
+    EXPECT_FALSE(document.NextSibling(document.FirstChild(root)));
+    EXPECT_FALSE(document.CreateNode({}, u"text", root, true, 2));
+    EXPECT_FALSE(document.NextSibling(document.FirstChild(root))) << "unless the name is null";
+    for (const std::u16string_view name : {u"C-1", u"a.b:c_", u"\u00E9\u4E2D\u0300", u"_"})
+        EXPECT_EQ(document.GetName(document.CreateNode(name, {}, root, true, -1)), name) << ToUtf8(name);
+}
+
+TEST_F(XMLDocument, WhatNoFileCanHoldStaysAndIsNotSaved) {
+    struct Case {
+        const char* name;
+        std::u16string text;
+        bool comment;  // whether a comment can hold it
+        bool attribute;
+    };
+    const Case cases[] = {
+        {"plain", u"a-b -", false, true},
+        {"hyphens", u"a--b", false, true},
+        {"control unit", u"a\x01", false, false},
+        {"lone halves", u"\xDC00-\xD83D", false, false},
+        {"zero", std::u16string(u"a\0b", 3), false, false},
+        {"noncharacter", u"\xFFFF", false, false},
+        {"pair", u"\U0001F600 - \t\r\n", true, true},
+    };
+    for (const Case& each : cases) {
+        for (const bool isComment : {true, false}) {
+            folder_.Put("file.xml", "old");
+            CXMLDocument document;
+            document.Create(path_);
+            const NodeHandle root = document.CreateRoot(u"root");
+            if (isComment) {
+                EXPECT_EQ(document.GetText(document.AddComment(each.text, root)), each.text) << each.name;
+            } else {
+                EXPECT_EQ(document.SetAttribute(u"id", each.text, root), 1) << each.name;
+                EXPECT_EQ(document.GetAttribute(u"id", root), each.text) << each.name;
+            }
+            EXPECT_EQ(document.Save(), isComment ? each.comment : each.attribute) << each.name;
+            if (isComment ? each.comment : each.attribute) continue;
+            EXPECT_EQ(folder_.Get("file.xml"), "old") << each.name;
+            document.SetAttribute(u"id", u"good", root);
+            EXPECT_EQ(document.Save(), isComment ? 0 : 1) << each.name;
+            document.LoadXML(u"<new/>");
+            EXPECT_EQ(document.Save(), 1) << each.name;
+        }
+    }
+}
+
+TEST_F(XMLDocument, FindsByTheExactName) {
+    CXMLDocument document;
+    document.LoadXML(u"<a><b n='1'><c n='2'/></b><B n='3'/><b n='4'/><\u00E9 n='5'/>#text</a>");
+    struct Case {
+        const char16_t* name;
+        const char16_t* found;
+    };
+    const Case cases[] = {{u"b", u"1"}, {u"B", u"3"},      {u"c", u""},     {u"", u""},
+                          {u"bb", u""}, {u"\u00E9", u"5"}, {u"\u00C9", u""}};
+    for (const Case& each : cases)
+        EXPECT_EQ(document.GetAttribute(u"n", document.FindChild(each.name, {})), each.found) << ToUtf8(each.name);
+    const NodeHandle accented = document.FindChild(u"\u00E9", {});
+    EXPECT_TRUE(document.HasNameNoCase(accented, u"\u00C9"));
+    EXPECT_FALSE(document.HasNameNoCase(accented, u"\u00C9\u00C9"));
+    EXPECT_TRUE(document.HasNameNoCase(document.FindChild(u"b", {}), u"B"));
+    EXPECT_FALSE(document.HasName(document.FindChild(u"b", {}), u"B"));
+    EXPECT_EQ(document.GetAttribute(u"N", accented), u"");
+}
+
+TEST_F(XMLDocument, LoadXmlTakesTheTextAsItIs) {
+    CXMLDocument document;
+    EXPECT_EQ(document.LoadXML(u"<?xml version='1.0' encoding='UTF-16'?><a>\u00E9\x01\U0001F600</a>"), 1);
+    EXPECT_EQ(document.GetText(document.GetRoot()), u"\u00E9");
+    for (const CXMLDocument::Text text : {CXMLDocument::Text(u"<a>"), CXMLDocument::Text(u""), CXMLDocument::Text()}) {
+        EXPECT_EQ(document.LoadXML(text), 1);
+        EXPECT_FALSE(document.GetRoot());
+        EXPECT_FALSE(document.FirstChild({}));
+    }
+    EXPECT_EQ(document.CreateHeader(), 1) << "an empty document";
+    EXPECT_TRUE(document.CreateRoot(u"b"));
+    EXPECT_FALSE(document.CreateRoot(u"c")) << "it has a root";
+    EXPECT_FALSE(document.GetRoot()) << "which is given up all the same";
+}
+
+TEST_F(XMLDocument, HandlesOutliveTheirTree) {
+    folder_.Put("file.xml", "<a><b>1</b> <b>2</b></a>");
+    CXMLDocument document;
+    document.Create(path_);
+    ASSERT_EQ(document.Load(), 1);
+    const NodeHandle old = document.GetRoot();
+    const NodeHandle oldComment = document.AddComment(u"--", old);
+    folder_.Put("file.xml", "broken");
+    EXPECT_EQ(document.Load(), 0);
+    EXPECT_EQ(document.GetRoot(), old) << "what fails to load changes nothing";
+    document.LoadXML(u"");
+    document.CreateRoot(u"new");
+    document.Create(path_);
+    EXPECT_EQ(Dump(document, old), "a(b{1} b{2} #comment{--})");
+    EXPECT_EQ(document.GetText(oldComment), u"--");
+    EXPECT_TRUE(document.CreateNode(u"c", u"3", old, true, -1));
+    EXPECT_EQ(document.GetText(old), u"123");
+
+    document.CreateRoot(u"r");
+    document.CreateNode(u"", {}, {}, true, 0);
+    const NodeHandle first = document.FirstChild({});
+    document.CreateNode(u"", {}, {}, true, 1);  // adjacent texts stay two
+    EXPECT_EQ(document.GetText(first), u"\n");
+    EXPECT_EQ(document.GetText(document.NextSibling(first)), u"\n\t");
+}
+
+TEST_F(XMLDocument, NothingGivenIsNoHarm) {
+    CXMLDocument document;
+    const NodeHandle none;
+    EXPECT_EQ(document.Create({}), 0);
+    EXPECT_EQ(document.CreateHeader(), 0);
+    EXPECT_FALSE(document.CreateRoot(u"a"));
+    EXPECT_EQ(document.Load(), 0);
+    EXPECT_EQ(document.Save(), 0);
+    EXPECT_FALSE(document.CreateNode(u"a", u"x", none, true, 0));
+    EXPECT_FALSE(document.CreateNode(u"a", u"x", none, false, 0));
+    EXPECT_FALSE(document.AddComment(u"x", none));
+    EXPECT_EQ(document.Create(u""), 1);
+    EXPECT_EQ(document.Load(), 0) << "an empty path";
+    EXPECT_EQ(document.Save(), 0);
+    EXPECT_EQ(document.Create(path_), 1);
+    EXPECT_EQ(document.Load(), 0) << "no such file";
+    EXPECT_FALSE(document.CreateRoot({}));
+    const NodeHandle root = document.CreateRoot(u"a", u"x");
+    const NodeHandle text = document.FirstChild(root);
+    EXPECT_FALSE(document.AddComment({}, root));
+    EXPECT_FALSE(document.CreateNode(u"a", u"x", text, true, 0)) << "a text has no children";
+    EXPECT_FALSE(document.FirstChild(text));
+    EXPECT_FALSE(document.NextSibling(root));
+    EXPECT_FALSE(document.NextSibling(none));
+    EXPECT_FALSE(document.FindChild({}, root));
+    EXPECT_EQ(document.SetAttribute({}, u"", root), 0);
+    EXPECT_EQ(document.SetAttribute(u"id", {}, root), 0);
+    EXPECT_EQ(document.SetAttribute(u"id", u"", none), 0);
+    EXPECT_EQ(document.SetAttribute(u"id", u"", text), 0);
+    EXPECT_EQ(document.GetAttribute({}, root) + document.GetAttribute(u"id", none) + document.GetName(none) +
+                  document.GetText(none) + document.GetAttribute(u"id", text),
+              u"");
+    EXPECT_FALSE(document.HasName(none, u""));
+    EXPECT_EQ(Dump(document, root), "a{x}");
+}
+
+TEST_F(XMLDocument, WhatCannotBeSavedLeavesTheOldFile) {
+    std::filesystem::create_directory(folder_ / "folder");
+    const std::u16string paths[] = {u"/dev/full", folder_.Name("folder"), folder_.Name("missing/file.xml"),
+                                    u"/proc/version", path_ + u"\xD800"};
+    for (const std::u16string& path : paths) {
+        CXMLDocument document;
+        document.Create(path);
+        document.CreateRoot(u"a", u"x");
+        EXPECT_EQ(document.Save(), 0) << ToUtf8(path);
+    }
+    EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
+    for (const auto& entry : std::filesystem::directory_iterator(folder_ / ""))
+        EXPECT_EQ(entry.path().filename(), "folder");
+}
+
+// A host may use the library too: what it set for itself neither hears of our documents nor changes them.
+TEST_F(XMLDocument, NeitherTheHostNorStandardErrorHearsOfIt) {
+    const auto run = [&] {
+        int heard = 0;
+        const auto hear = [](void* count, auto) { ++*static_cast<int*>(count); };
+        xmlSetStructuredErrorFunc(&heard, hear);
+        xmlKeepBlanksDefault(0);
+        xmlLoadExtDtdDefaultValue = 1;
+        xmlDoValidityCheckingDefaultValue = 1;
+        const xmlStructuredErrorFunc before = xmlStructuredError;
+        for (const std::string_view bytes :
+             {"<a>"s, "<p:a/>"s, "<?xml version='1.0' encoding='Shift_JIS'?><a>\x81\xFF\xFF</a>"s, "\xFF\xFE<\0a"s,
+              "<?xml version='1.0' encoding='no-such'?><a/>"s, "<!DOCTYPE a SYSTEM 'no-such.dtd'><a>&b;</a>"s})
+            Load(bytes);
+        EXPECT_EQ(Load("<a> </a>"), "a{ }");
+        EXPECT_EQ(heard, 0);
+        EXPECT_EQ(xmlStructuredError, before);
+        EXPECT_EQ(xmlStructuredErrorContext, &heard);
+        xmlSetStructuredErrorFunc(nullptr, nullptr);
+        Load("<a>\x01");
+    };
+    const orvale::test::ChildResult result = InChild(run);
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.errors, "");
+}
