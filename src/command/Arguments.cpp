@@ -77,7 +77,19 @@ void AddOptions(CLI::App& app, Arguments& arguments, int& codePage) {
     if (arguments.verb == Verb::kInfo || arguments.verb == Verb::kShow || arguments.verb == Verb::kConvert)
         app.add_option("--codepage", codePage, "the code page of text in files, such as 1252 (65001 is UTF-8)")
             ->type_name("N");
+    if (arguments.verb == Verb::kShow || arguments.verb == Verb::kConvert) {
+        const bool shows = arguments.verb == Verb::kShow;
+        app.add_option("--profile", shows ? arguments.show.profiles : arguments.convert.profiles,
+                       "a phone's profile or the columns of a CSV file, as JSON; once for each side")
+            ->type_name("FILE")
+            ->allow_extra_args(false);
+        app.add_flag("--with-passwords", shows ? arguments.show.withPasswords : arguments.convert.withPasswords,
+                     "show passwords, and keep them in JSON");
+    }
     if (arguments.verb == Verb::kShow) {
+        app.add_flag("--profile-only", arguments.show.profileOnly,
+                     "the profile that the file carries, without its records");
+        app.add_flag("--no-profile", arguments.show.noProfile, "leave the profile out of the JSON document");
         app.add_option_function<std::string>(
                "--color", [&](const std::string& word) { arguments.color = ColorOf(word); },
                "when to use colours: auto, always or never")

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "command/Convert.h"
+#include "command/Show.h"
 #include "command/show/Screen.h"
 
 namespace orvale {
@@ -20,6 +21,7 @@ struct Arguments {
     ColorMode color = ColorMode::kAuto;
     std::string module;  ///< --module
     std::optional<int> codePage;
+    ShowOrder show;        ///< the options of show; the others are set by the command
     ConvertOrder convert;  ///< the options of convert; its files are set by the command
 };
 

@@ -20,7 +20,7 @@ ExitCode ListFormats(bool json) {
         std::cout << FormatsJson();
         return ExitCode::kDone;
     }
-    for (const Format& row : FormatTable()) {
+    for (const FormatRow& row : FormatTable()) {
         std::string line(row.name);
         line.resize(16, ' ');
         line += row.kind ? KindWord(*row.kind) : "all kinds";
@@ -53,7 +53,11 @@ ExitCode RunCommand(const Arguments& arguments) {
         case Verb::kInfo:
             return TellInfo(LoadModule(arguments.module), arguments.files, arguments.format, arguments.json);
         case Verb::kShow: {
-            const ShowOrder order{arguments.files.front(), arguments.format, arguments.json, arguments.color};
+            ShowOrder order = arguments.show;
+            order.file = arguments.files.front();
+            order.format = arguments.format;
+            order.json = arguments.json;
+            order.color = arguments.color;
             return Show(LoadModule(arguments.module), order);
         }
         case Verb::kConvert: {

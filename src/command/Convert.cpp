@@ -1,13 +1,16 @@
 #include "command/Convert.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "command/Flatten.h"
 #include "command/JoinedInputs.h"
 #include "command/Kinds.h"
 #include "command/LossReport.h"
+#include "command/Profiles.h"
 #include "command/RecordOutput.h"
 #include "command/VCardScan.h"
+#include "command/json/ProfileJson.h"
 #include "platform/Clock.h"
 #include "platform/CodePage.h"
 #include "platform/Text.h"
@@ -17,11 +20,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const Format& OutputFormat(const ConvertOrder& order) {
-    const Format* const format = order.to.empty() ? FormatOfExtension(order.output) : &FormatOfName(order.to);
-    if (format == nullptr) FailUsage(ErrorLine(order.output, "", "nothing tells its format; --to names one"));
-    if (!format->writes) FailUsage("the format " + std::string(format->name) + " is only read, never written");
-    return *format;
+// The format of the output; `kind` is known only once the inputs were opened, and an .xml output waits for it.
+const FormatRow* OutputFormat(const ConvertOrder& order, std::optional<Kind> kind) {
+    const FormatRow* const format = order.to.empty() ? FormatOfExtension(order.output, kind) : &FormatOfName(order.to);
+    if (format == nullptr && (kind || !IsKnownExtension(order.output)))
+        FailUsage(ErrorLine(order.output, "", "nothing tells its format; --to names one"));
+    if (format != nullptr && !format->writes)
+        FailUsage("the format " + std::string(format->name) + " is only read, never written");
+    return format;
 }
 
 void RequirePlaceFor(const ConvertOrder& order) {
@@ -37,6 +43,13 @@ void RequirePlaceFor(const ConvertOrder& order) {
 
 // What the reader of an input could not make out, up to where the input is whole.
 void AddScan(LossReport& report, const InputName& input, std::optional<std::uint64_t> brokenAt) {
+    if (input.format->profile == ProfileShape::kColumns) {
+        const std::vector<std::u16string> unknown =
+            UnknownCaptions(input.name, input.columns ? input.columns : BuiltInColumnsFor(input.name));
+        for (const std::u16string& caption : unknown)
+            report.AddLoss("column '" + Quote(ToUtf8(caption)) + "', which nobody knows; --profile can tell what it is",
+                           1, input.name);
+    }
     if (input.format->type != FileFormat::kVCard) return;
     const VCardScan scan = ScanVCard(input.name, brokenAt.value_or(UINT64_MAX));
     const auto add = [&](const std::string& what, const VCardScan::Finding& finding) {
@@ -92,39 +105,62 @@ void CompareWithInputs(LossReport& report, JoinedInputs& inputs, JoinedInputs& w
         FailFile(shownName, "", "a value holds what begins a record of this format: more came back than was written");
 }
 
+// All that a conversion works with.
+struct Conversion {
+    const LoadedLibrary& library;
+    const ConvertOrder& order;
+    std::vector<InputName> names;
+    const FormatRow& to;
+    Kind kind;
+    SharedProfile profile;  // of the output
+    bool ownProfile;        // it isn't the built-in one
+    bool dropsProfile;      // an input has one, and the output takes none
+};
+
+// Reads the new files back and holds them against the inputs.
 template <class Record>
-ExitCode ConvertRecords(const LoadedLibrary& library, const ConvertOrder& order, const std::vector<InputName>& names,
-                        const Format& to, Kind kind) {
+void Verify(LossReport& report, const Conversion& work, const RecordOutput& output) {
+    std::vector<InputName> files;
+    const SharedProfile columns = work.to.profile == ProfileShape::kColumns ? work.profile : nullptr;
+    for (const std::string& file : output.Files())
+        files.push_back({file, &work.to, true, columns});
+    JoinedInputs again(work.library, work.names);
+    JoinedInputs written(work.library, files);
+    // All records came back if the comparison ends: what is left behind the last one are pieces of a value.
+    written.onDamage = [&](const std::string&, const std::string& place) {
+        report.AddLoss("pieces of a value that ends its record", 1, place);
+    };
+    CompareWithInputs<Record>(report, again, written, work.order.output, !work.to.type);
+    if (work.ownProfile && work.to.profile != ProfileShape::kColumns)
+        report.Compare(FactsOf(work.profile, true), FactsOf(written.FirstProfile(), true), std::string("the profile"));
+}
+
+template <class Record>
+ExitCode ConvertRecords(const Conversion& work) {
+    const ConvertOrder& order = work.order;
     const StoppedClock clock(Now());  // a record whose input tells no time gets the same one at each reading
-    JoinedInputs inputs(library, names);
+    JoinedInputs inputs(work.library, work.names);
     inputs.onDamage = [&](const std::string& name, const std::string& place) {
         if (!order.partial) FailFile(name, place, "damaged from here on; --partial takes what came before");
         TellUser(ErrorLine(name, place, "damaged from here on and left out"));
     };
-    RecordOutput output(library, to, kind, order.output, order.force);
+    RecordOutput output(work.library, work.to, work.kind, order.output, order.force, work.profile, order.withPasswords);
     while (const Record* record = inputs.Next<Record>())
         output.Put(*record);
     output.Finish();
 
-    LossReport report{std::string(RecordWord(kind))};
-    for (const std::string& name : inputs.NamesWithProfile())
-        report.AddLoss("profile", 1, name);
-    for (std::size_t i = 0; i < names.size(); ++i)
-        AddScan(report, names[i], inputs.BrokenAt()[i]);
-    if (output.Replaced() != 0)
-        report.AddLoss("halves of characters that JSON can't tell", output.Replaced(), order.output);
-    if (order.verify) {
-        std::vector<InputName> files;
-        for (const std::string& file : output.Files())
-            files.push_back({file, &to, true});
-        JoinedInputs again(library, names);
-        JoinedInputs written(library, files);
-        // All records came back if the comparison ends: what is left behind the last one are pieces of a value.
-        written.onDamage = [&](const std::string&, const std::string& place) {
-            report.AddLoss("pieces of a value that ends its record", 1, place);
-        };
-        CompareWithInputs<Record>(report, again, written, order.output, !to.type);
-    }
+    LossReport report{std::string(RecordWord(work.kind))};
+    if (work.dropsProfile) report.AddLoss("profile", 1, work.names.front().name);
+    if (inputs.PassedOver() != 0)
+        report.AddLoss("records that could not be read and were passed over", inputs.PassedOver(),
+                       work.names.front().name);
+    for (std::size_t i = 0; i < work.names.size(); ++i)
+        AddScan(report, work.names[i], inputs.BrokenAt()[i]);
+    const JsonNotes notes = output.Notes();
+    if (notes.replaced != 0) report.AddLoss("halves of characters that JSON can't tell", notes.replaced, order.output);
+    if (notes.hiddenPasswords != 0)
+        TellUser(ErrorLine(order.output, "", "passwords are left out; --with-passwords keeps them"));
+    if (order.verify) Verify<Record>(report, work, output);
     for (const std::string& line : report.Lines())
         TellUser(ErrorLine(order.output, "", line));
     if (order.strict && report.HasLoss()) {
@@ -132,24 +168,38 @@ ExitCode ConvertRecords(const LoadedLibrary& library, const ConvertOrder& order,
         return ExitCode::kLoss;
     }
     output.Commit();
-    return ExitCode::kDone;
+    return inputs.PassedOver() == 0 ? ExitCode::kDone : ExitCode::kFailed;
 }
 
 }  // namespace
 
 ExitCode Convert(const LoadedLibrary& library, const ConvertOrder& order) {
     if (order.strict && !order.verify) FailUsage("--strict needs the reading back that --no-verify leaves out");
-    const Format& to = OutputFormat(order);
-    if (!order.from.empty()) {
-        const Format& from = FormatOfName(order.from);
-        if (from.kind && to.kind && from.kind != to.kind) FailUsage("--from and the output's format are of two kinds");
+    const FormatRow* to = OutputFormat(order, std::nullopt);
+    if (!order.from.empty() && to != nullptr) {
+        const FormatRow& from = FormatOfName(order.from);
+        if (from.kind && to->kind && from.kind != to->kind)
+            FailUsage("--from and the output's format are of two kinds");
     }
-    const std::vector<InputName> names = ResolveInputs(order.inputs, order.from);
-    const Kind kind = RequireReadable(library, names, to.kind);
+    std::vector<InputName> names = ResolveInputs(order.inputs, order.from);
+    const InputsInfo info = RequireReadable(library, names, to != nullptr ? to->kind : std::nullopt);
+    if (to == nullptr) to = OutputFormat(order, info.kind);
     RequirePlaceFor(order);
-    return VisitKind(kind, [&]<class Record>(std::type_identity<Record>) {
-        return ConvertRecords<Record>(library, order, names, to, kind);
-    });
+
+    const auto takesColumns = [](const InputName& name) { return name.format->profile == ProfileShape::kColumns; };
+    const bool inputTakes = std::any_of(names.begin(), names.end(), takesColumns);
+    const GivenProfiles given = ReadGivenProfiles(order.profiles, info.kind, inputTakes, to);
+    for (InputName& name : names)
+        name.columns = given.input;
+    const bool keepsOwn = info.profile && (!to->type || to->profile == ShapeOf(info.profile));
+    Conversion work{library, order, names, *to, info.kind, given.output, true, false};
+    if (!work.profile && keepsOwn) work.profile = info.profile;
+    work.dropsProfile = info.profile && !keepsOwn && !given.output;
+    if (!work.profile) {
+        work.profile = BuiltInProfile(library, names, *to);
+        work.ownProfile = false;
+    }
+    return VisitKind(info.kind, [&]<class Record>(std::type_identity<Record>) { return ConvertRecords<Record>(work); });
 }
 
 }  // namespace orvale

@@ -12,8 +12,10 @@ namespace orvale {
 struct ConvertOrder {
     std::vector<std::string> inputs;
     std::string output;
-    std::string from;  ///< the format of the inputs; empty to find it
-    std::string to;    ///< the format of the output; empty to go by its extension
+    std::string from;                   ///< the format of the inputs; empty to find it
+    std::string to;                     ///< the format of the output; empty to go by its extension
+    std::vector<std::string> profiles;  ///< files of --profile
+    bool withPasswords = false;
     bool force = false;
     bool partial = false;
     bool strict = false;

@@ -1,6 +1,7 @@
 #include "command/FormatTable.h"
 
 #include <algorithm>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -13,35 +14,48 @@ namespace {
 struct Addition {
     FileFormat type;
     EndRule endRule;
+    ProfileShape profile;
 };
 
 constexpr Addition kAdditions[] = {
-    {FileFormat::kQzs, EndRule::kBytesLeft},       {FileFormat::kVCard, EndRule::kWhiteSpaceLeft},
-    {FileFormat::kSms, EndRule::kLastRecordSize},  {FileFormat::kCal, EndRule::kBytesLeft},
-    {FileFormat::kVCalendar, EndRule::kOneRecord}, {FileFormat::kEml, EndRule::kBytesLeft},
+    {FileFormat::kQzs, EndRule::kBytesLeft, ProfileShape::kNone},
+    {FileFormat::kSsy, EndRule::kBytesLeft, ProfileShape::kNone},
+    {FileFormat::kCsv, EndRule::kBytesLeft, ProfileShape::kColumns},
+    {FileFormat::kVCard, EndRule::kWhiteSpaceLeft, ProfileShape::kNone},
+    {FileFormat::kSms, EndRule::kLastRecordSize, ProfileShape::kNone},
+    {FileFormat::kCal, EndRule::kBytesLeft, ProfileShape::kNone},
+    {FileFormat::kVCalendar, EndRule::kOneRecord, ProfileShape::kNone},
+    {FileFormat::kPhonebookXml, EndRule::kAskAgain, ProfileShape::kPhonebook},
+    {FileFormat::kCalendarXml, EndRule::kAskAgain, ProfileShape::kCalendar},
+    {FileFormat::kSmsXml, EndRule::kAskAgain, ProfileShape::kSms},
+    {FileFormat::kEmailXml, EndRule::kAskAgain, ProfileShape::kEmail},
+    {FileFormat::kEml, EndRule::kBytesLeft, ProfileShape::kNone},
 };
 
-constexpr Format kJson{"json", std::nullopt, ".json", std::nullopt, true, EndRule::kNone};
+constexpr FormatRow kJson{"json", std::nullopt, ".json", std::nullopt, true, EndRule::kNone, ProfileShape::kNone};
 
-EndRule EndRuleOf(FileFormat type) {
+const Addition& AdditionOf(FileFormat type) {
     for (const Addition& row : kAdditions)
-        if (row.type == type) return row.endRule;
-    return EndRule::kNone;
+        if (row.type == type) return row;
+    throw std::logic_error("a format without its row");
 }
 
-const std::vector<Format>& Table() {
-    static const std::vector<Format> table = [] {
-        std::vector<Format> rows;
-        for (const FormatInfo& info : AllFormats())
-            rows.push_back({info.name, info.kind, info.extension, info.format, info.writes, EndRuleOf(info.format)});
+const std::vector<FormatRow>& Table() {
+    static const std::vector<FormatRow> table = [] {
+        std::vector<FormatRow> rows;
+        for (const FormatInfo& info : AllFormats()) {
+            const Addition& more = AdditionOf(info.format);
+            rows.push_back(
+                {info.name, info.kind, info.extension, info.format, info.writes, more.endRule, more.profile});
+        }
         rows.push_back(kJson);
         return rows;
     }();
     return table;
 }
 
-const Format* RowOf(std::string_view name) {
-    for (const Format& row : Table())
+const FormatRow* RowOf(std::string_view name) {
+    for (const FormatRow& row : Table())
         if (row.name == name) return &row;
     return nullptr;
 }
@@ -70,14 +84,14 @@ std::size_t EditDistance(std::string_view a, std::string_view b) {
 
 }  // namespace
 
-std::span<const Format> FormatTable() {
+std::span<const FormatRow> FormatTable() {
     return Table();
 }
 
-const Format& FormatOfName(std::string_view name) {
-    if (const Format* row = RowOf(name)) return *row;
+const FormatRow& FormatOfName(std::string_view name) {
+    if (const FormatRow* row = RowOf(name)) return *row;
     std::string reason = "unknown format '" + Quote(name) + "'";
-    const auto near = std::min_element(Table().begin(), Table().end(), [&](const Format& a, const Format& b) {
+    const auto near = std::min_element(Table().begin(), Table().end(), [&](const FormatRow& a, const FormatRow& b) {
         return EditDistance(name, a.name) < EditDistance(name, b.name);
     });
     constexpr std::size_t kNear = 3;
@@ -86,26 +100,45 @@ const Format& FormatOfName(std::string_view name) {
     FailUsage(reason + " ('orvale formats' lists them)");
 }
 
-const Format* DetectFormat(const std::filesystem::path& path) {
+const FormatRow* DetectFormat(const std::filesystem::path& path) {
     if (const FormatInfo* info = DetectByContent(path)) return RowOf(info->name);
     const std::optional<std::string> head = ReadHead(path);
     if (head && LooksLikeJson(*head)) return RowOf(kJson.name);
-    return FormatOfExtension(path);
+    return FormatOfExtension(path, std::nullopt);
 }
 
-const Format* FormatOfFolders() {
-    for (const Format& row : Table())
+const FormatRow* FormatOfFolders() {
+    for (const FormatRow& row : Table())
         if (row.endRule == EndRule::kOneRecord) return &row;
     return nullptr;
 }
 
-const Format* FormatOfExtension(const std::filesystem::path& path) {
+namespace {
+
+std::string ExtensionOf(const std::filesystem::path& path) {
     std::string extension = path.extension().string();
     std::transform(extension.begin(), extension.end(), extension.begin(),
                    [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
-    for (const Format& row : Table())
-        if (row.extension == extension) return &row;
-    return nullptr;
+    return extension;
+}
+
+}  // namespace
+
+const FormatRow* FormatOfExtension(const std::filesystem::path& path, std::optional<Kind> kind) {
+    const std::string extension = ExtensionOf(path);
+    std::vector<const FormatRow*> found;
+    for (const FormatRow& row : Table()) {
+        if (row.extension != extension) continue;
+        if (kind && row.kind == kind) return &row;
+        found.push_back(&row);
+    }
+    return found.size() == 1 ? found.front() : nullptr;
+}
+
+bool IsKnownExtension(const std::filesystem::path& path) {
+    const std::string extension = ExtensionOf(path);
+    return std::any_of(Table().begin(), Table().end(),
+                       [&](const FormatRow& row) { return row.extension == extension; });
 }
 
 std::string VerifyName(std::int32_t code) {

@@ -5,6 +5,7 @@
 #include <span>
 #include <string_view>
 
+#include "command/Profile.h"
 #include "host/Formats.h"
 
 namespace orvale {
@@ -16,33 +17,40 @@ enum class EndRule {
     kLastRecordSize,  ///< bytes left, and a last record that took other bytes than its values need: the reader of
                       ///< native SMS gives a cut record as if it were whole
     kOneRecord,       ///< one record is due and no end is judged
+    kAskAgain,        ///< a broken record gives 0 as the end does: one more Read gives the first record again, or 0, at
+                      ///< the end, else the record behind the broken one
     kNone,            ///< there is no telling, or no cut that reads
 };
 
 /// A format as the command works with it: the module's twelve and the JSON document.
-struct Format {
+struct FormatRow {
     std::string_view name;
     std::optional<Kind> kind;  ///< none where a file of the format may hold any kind
     std::string_view extension;
     std::optional<FileFormat> type;  ///< none for a format of the command's own
     bool writes;
     EndRule endRule;
+    ProfileShape profile;  ///< what it takes; a file of columns is read by one as well
 };
 
 /// The command's one table of formats.
-std::span<const Format> FormatTable();
+std::span<const FormatRow> FormatTable();
 
 /// The row of a name. Ends the work with a usage error that names what is near, if there is no such format.
-const Format& FormatOfName(std::string_view name);
+const FormatRow& FormatOfName(std::string_view name);
 
 /// The format of a file that is there: by its content, then by its extension; null if neither tells.
-const Format* DetectFormat(const std::filesystem::path& path);
+const FormatRow* DetectFormat(const std::filesystem::path& path);
 
 /// The format of the files in a folder that stands for them: the one whose files hold one record each.
-const Format* FormatOfFolders();
+const FormatRow* FormatOfFolders();
 
-/// The format that an extension tells, for a file of a kind; null if it tells none.
-const Format* FormatOfExtension(const std::filesystem::path& path);
+/// The format that an extension tells; null if it tells none. Where several formats have it, the one of the kind, and
+/// none of them if no kind is given.
+const FormatRow* FormatOfExtension(const std::filesystem::path& path, std::optional<Kind> kind);
+
+/// Whether some format has the extension of a path.
+bool IsKnownExtension(const std::filesystem::path& path);
 
 /// The name of a verify code.
 std::string VerifyName(std::int32_t code);

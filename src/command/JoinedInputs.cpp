@@ -6,18 +6,21 @@ namespace orvale {
 
 void JoinedInputs::OpenNext() {
     input_ = std::make_unique<RecordInput>(library_, names_[place_]);
-    if (input_->HasProfile()) namesWithProfile_.push_back(names_[place_].name);
+    if (!profile_) profile_ = input_->GetProfile();
 }
 
 void JoinedInputs::JudgeEnd() {
     const InputName& name = names_[place_];
     if (name.format->endRule == EndRule::kOneRecord && input_->Count() == 0)
         FailFile(name.name, "", "holds no record of the format " + std::string(name.format->name));
+    passedOver_ += input_->PassedOver();
     brokenAt_[place_] = input_->BrokenAt();
     if (brokenAt_[place_] && onDamage) onDamage(name.name, PlaceOfDamage(*input_, *brokenAt_[place_]));
 }
 
-Kind RequireReadable(const LoadedLibrary& library, const std::vector<InputName>& names, std::optional<Kind> kind) {
+InputsInfo RequireReadable(const LoadedLibrary& library, const std::vector<InputName>& names,
+                           std::optional<Kind> kind) {
+    SharedProfile profile;
     for (const InputName& name : names) {
         const RecordInput input(library, name);
         RequireReadable(input);
@@ -27,8 +30,9 @@ Kind RequireReadable(const LoadedLibrary& library, const std::vector<InputName>&
             FailFile(name.name, "", holds + ", not " + std::string(RecordWord(*kind, true)));
         }
         kind = found;
+        if (!profile) profile = input.GetProfile();
     }
-    return *kind;
+    return {*kind, profile};
 }
 
 }  // namespace orvale

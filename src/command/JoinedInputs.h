@@ -37,8 +37,11 @@ class JoinedInputs {
     /// Where each input that was read is damaged; none for one that is whole.
     const std::vector<std::optional<std::uint64_t>>& BrokenAt() const { return brokenAt_; }
 
-    /// The files that were opened and carry a profile.
-    const std::vector<std::string>& NamesWithProfile() const { return namesWithProfile_; }
+    /// The profile of the first input that has one, of those that were opened.
+    const SharedProfile& FirstProfile() const { return profile_; }
+
+    /// How many records that could not be read were passed over.
+    std::size_t PassedOver() const { return passedOver_; }
 
     /// Called at each damaged end with the file and its place, "record 18, byte 2045".
     std::function<void(const std::string& file, const std::string& place)> onDamage;
@@ -50,14 +53,21 @@ class JoinedInputs {
     const LoadedLibrary& library_;
     const std::vector<InputName>& names_;
     std::vector<std::optional<std::uint64_t>> brokenAt_;
-    std::vector<std::string> namesWithProfile_;
+    SharedProfile profile_;
+    std::size_t passedOver_ = 0;
     std::size_t place_ = 0;
     std::size_t count_ = 0;
     std::unique_ptr<RecordInput> input_;
 };
 
+/// What inputs have in common.
+struct InputsInfo {
+    Kind kind;
+    SharedProfile profile;  ///< of the first that has one
+};
+
 /// Opens each input once to see that it can be read and that all hold one kind, `kind` if that is given. Ends the work
-/// with an error line where one doesn't. Gives the kind.
-Kind RequireReadable(const LoadedLibrary& library, const std::vector<InputName>& names, std::optional<Kind> kind);
+/// with an error line where one doesn't.
+InputsInfo RequireReadable(const LoadedLibrary& library, const std::vector<InputName>& names, std::optional<Kind> kind);
 
 }  // namespace orvale

@@ -47,7 +47,7 @@ void SortAndPairUp(Pointers& a, Pointers& b, Less less, OnPair onPair) {
 
 }  // namespace
 
-void LossReport::Compare(const std::vector<Fact>& before, const std::vector<Fact>& after, std::size_t number) {
+void LossReport::Compare(const std::vector<Fact>& before, const std::vector<Fact>& after, const std::string& place) {
     if (before == after) return;
     Pointers lost = SortedPointers(before);
     Pointers added = SortedPointers(after);
@@ -58,17 +58,17 @@ void LossReport::Compare(const std::vector<Fact>& before, const std::vector<Fact
     const auto byValue = [](const Fact& a, const Fact& b) { return a.value < b.value; };
     const auto byName = [](const Fact& a, const Fact& b) { return a.what < b.what; };
     SortAndPairUp(lost, added, byValue,
-                  [&](const Fact* a, const Fact* b) { Count(Fate::kChanged, a->what + " became " + b->what, number); });
-    SortAndPairUp(lost, added, byName, [&](const Fact* a, const Fact*) { Count(Fate::kChanged, a->what, number); });
+                  [&](const Fact* a, const Fact* b) { Count(Fate::kChanged, a->what + " became " + b->what, place); });
+    SortAndPairUp(lost, added, byName, [&](const Fact* a, const Fact*) { Count(Fate::kChanged, a->what, place); });
     for (const Fact* fact : lost)
-        Count(Fate::kLost, fact->what, number);
+        Count(Fate::kLost, fact->what, place);
     for (const Fact* fact : added)
-        Count(Fate::kAdded, fact->what, number);
+        Count(Fate::kAdded, fact->what, place);
 
     std::sort(kept.begin(), kept.end());
     const bool sameOrder =
         std::is_sorted(kept.begin(), kept.end(), [](const auto& a, const auto& b) { return a.second < b.second; });
-    if (!sameOrder) Count(Fate::kReordered, "order of the values", number);
+    if (!sameOrder) Count(Fate::kReordered, "order of the values", place);
 }
 
 void LossReport::AddLoss(const std::string& what, std::size_t count, const std::string& firstPlace) {
@@ -102,9 +102,9 @@ std::vector<std::string> LossReport::Lines() const {
     return lines;
 }
 
-void LossReport::Count(Fate fate, const std::string& what, std::size_t number) {
+void LossReport::Count(Fate fate, const std::string& what, const std::string& place) {
     Tally& tally = tallies_[{fate, what}];
-    if (tally.count++ == 0) tally.firstPlace = recordWord_ + " " + std::to_string(number);
+    if (tally.count++ == 0) tally.firstPlace = place;
 }
 
 }  // namespace orvale

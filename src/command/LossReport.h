@@ -17,7 +17,12 @@ class LossReport {
     explicit LossReport(std::string recordWord) : recordWord_(std::move(recordWord)) {}
 
     /// Holds a record against what came back of it. `number` counts the records from 1.
-    void Compare(const std::vector<Fact>& before, const std::vector<Fact>& after, std::size_t number);
+    void Compare(const std::vector<Fact>& before, const std::vector<Fact>& after, std::size_t number) {
+        Compare(before, after, recordWord_ + " " + std::to_string(number));
+    }
+
+    /// The same for something else than a record, at a place in words.
+    void Compare(const std::vector<Fact>& before, const std::vector<Fact>& after, const std::string& place);
 
     /// Adds something that was lost before there was a record, with its count and first place in words.
     void AddLoss(const std::string& what, std::size_t count, const std::string& firstPlace);
@@ -37,7 +42,7 @@ class LossReport {
         std::string firstPlace;
     };
 
-    void Count(Fate fate, const std::string& what, std::size_t number);
+    void Count(Fate fate, const std::string& what, const std::string& place);
 
     std::string recordWord_;
     std::map<std::pair<Fate, std::string>, Tally> tallies_;

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "command/CommandError.h"
+#include "command/Profiles.h"
 
 namespace orvale {
 namespace {
@@ -44,12 +45,18 @@ RecordInput::RecordInput(const LoadedLibrary& library, const InputName& input) :
     try {
         file_.emplace(library, *input.format->type);
         file_->Open(input.name, OpenMode::kRead);
+        if (input.format->profile == ProfileShape::kColumns) {
+            profile_ = input.columns ? input.columns : BuiltInColumnsFor(input.name);
+            file_->Slots().SetProfile(AddressOf(profile_));
+            profile_.reset();  // the captions of a file aren't a profile that it carries
+        }
     } catch (const std::system_error& error) {
         FailFile(input.name, "", SystemReason(error.code()));
     } catch (const std::runtime_error& error) {
         FailFile(input.name, "", error.what());
     }
     headerRead_ = file_->ReadHeader();
+    if (headerRead_) profile_ = CopyOfProfile(file_->Slots(), input.format->profile);
     verifyCode_ = file_->Verify();
     wholeEnd_ = file_->Position();
     length_ = file_->Length();
@@ -81,13 +88,13 @@ std::string PlaceOfDamage(const RecordInput& input, std::uint64_t offset) {
 namespace {
 
 InputName ResolveFile(const std::string& name, const std::string& formatName) {
-    if (!formatName.empty()) return {name, &FormatOfName(formatName), true};
-    const Format* const format = DetectFormat(name);
+    if (!formatName.empty()) return {name, &FormatOfName(formatName), true, nullptr};
+    const FormatRow* const format = DetectFormat(name);
     if (format == nullptr) {
         if (!ReadHead(name)) FailFile(name, "", "can't be read");
         FailFile(name, "", "not recognised as any format");
     }
-    return {name, format, false};
+    return {name, format, false, nullptr};
 }
 
 // Whether one name comes before another, runs of digits by their value.
@@ -118,7 +125,7 @@ bool NameComesBefore(const std::string& a, const std::string& b) {
 }
 
 void ResolveFolder(const std::string& name, const std::string& formatName, std::vector<InputName>& inputs) {
-    const Format& format = formatName.empty() ? *FormatOfFolders() : FormatOfName(formatName);
+    const FormatRow& format = formatName.empty() ? *FormatOfFolders() : FormatOfName(formatName);
     if (format.endRule != EndRule::kOneRecord) FailFile(name, "", "is a folder");
     std::vector<std::string> files;
     std::vector<std::string> others;
@@ -137,7 +144,7 @@ void ResolveFolder(const std::string& name, const std::string& formatName, std::
         TellUser(ErrorLine(other, "", "passed over, for it is no file of the format " + std::string(format.name)));
     std::sort(files.begin(), files.end(), NameComesBefore);
     for (const std::string& file : files)
-        inputs.push_back({file, &format, !formatName.empty()});
+        inputs.push_back({file, &format, !formatName.empty(), nullptr});
 }
 
 }  // namespace

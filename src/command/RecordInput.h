@@ -7,7 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "command/Flatten.h"
 #include "command/FormatTable.h"
+#include "command/Kinds.h"
 #include "command/json/JsonDocument.h"
 #include "host/RecordFile.h"
 
@@ -16,8 +18,9 @@ namespace orvale {
 /// A file to be read: what the user named, and the format that was named with it or found.
 struct InputName {
     std::string name;
-    const Format* format;
+    const FormatRow* format;
     bool formatNamed;
+    SharedProfile columns;  ///< by which a file of columns is read; none for the built-in captions
 };
 
 /// An open file that gives its records one after the other, whatever its format. What can't be opened ends the work
@@ -29,8 +32,11 @@ class RecordInput {
     Kind GetKind() const { return document_ ? document_->GetKind() : *input_.format->kind; }
     const InputName& Name() const { return input_; }
 
-    /// Whether the file carries a profile.
-    bool HasProfile() const { return document_ && document_->Profile(); }
+    /// The profile that the file carries, or none.
+    const SharedProfile& GetProfile() const { return document_ ? document_->GetProfile() : profile_; }
+
+    /// How many records that could not be read were passed over so far, in a format that goes on behind them.
+    std::size_t PassedOver() const { return passedOver_; }
 
     // A JSON document answers like a native file that is in order.
     std::int32_t FileVersion() { return file_ ? file_->FileVersion() : 1; }
@@ -60,10 +66,26 @@ class RecordInput {
 
     template <class Record>
     const Record* NextOfFile() {
-        const Record* const record = headerRead_ && !ended_ ? file_->Read<Record>() : nullptr;
+        const Record* record = headerRead_ && !ended_ ? file_->Read<Record>() : nullptr;
+        if (input_.format->endRule == EndRule::kAskAgain && headerRead_ && !ended_) record = AskAgain(record);
         ended_ = record == nullptr || IsCutRecord(*record);
         if (ended_) return nullptr;
         wholeEnd_ = file_->Position();
+        return record;
+    }
+
+    // Tells the end from a record that can't be read, of which the file object gives 0 as well.
+    template <class Record>
+    const Record* AskAgain(const Record* record) {
+        std::u16string flat;
+        if (record == nullptr) {
+            record = file_->Read<Record>();
+            if (record == nullptr) return nullptr;
+            Flatten(*record, flat);
+            if (flat == firstRecord_) return nullptr;  // it started over
+            ++passedOver_;
+        }
+        if (firstRecord_.empty()) Flatten(*record, firstRecord_);
         return record;
     }
 
@@ -77,6 +99,9 @@ class RecordInput {
     std::optional<RecordFile> file_;
     std::optional<JsonDocument> document_;
     std::any record_;  // of a document
+    SharedProfile profile_;
+    std::u16string firstRecord_;  // as one text; empty before there is one
+    std::size_t passedOver_ = 0;
     bool headerRead_ = true;
     std::int32_t verifyCode_ = VERIFY_OK;
     std::uint64_t length_ = 0;

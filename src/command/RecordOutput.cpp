@@ -21,9 +21,13 @@ std::string NumberedName(std::size_t number, std::string_view extension) {
 
 }  // namespace
 
-RecordOutput::RecordOutput(const LoadedLibrary& library, const Format& format, Kind kind, std::string target,
-                           bool replaces)
-    : library_(library), format_(format), target_(std::move(target)), replaces_(replaces) {
+RecordOutput::RecordOutput(const LoadedLibrary& library, const FormatRow& format, Kind kind, std::string target,
+                           bool replaces, SharedProfile profile, bool withPasswords)
+    : library_(library),
+      format_(format),
+      target_(std::move(target)),
+      replaces_(replaces),
+      profile_(std::move(profile)) {
     try {
         HoldTarget();
         single_.emplace(target_);
@@ -33,7 +37,7 @@ RecordOutput::RecordOutput(const LoadedLibrary& library, const Format& format, K
         } else {
             stream_.open(files_.back(), std::ios::binary | std::ios::trunc);
             if (!stream_) throw std::system_error(errno, std::generic_category());
-            document_.emplace(stream_, kind);
+            document_.emplace(stream_, kind, profile_, withPasswords);
         }
     } catch (const std::system_error& error) {
         FailFile(target_, "", SystemReason(error.code()));
@@ -52,7 +56,8 @@ void RecordOutput::HoldTarget() {
 void RecordOutput::OpenFile(const std::string& path) {
     file_.emplace(library_, *format_.type);
     file_->Open(path, OpenMode::kCreate);
-    if (!file_->WriteHeader()) FailWrite();
+    if (profile_) file_->Slots().SetProfile(AddressOf(profile_));
+    if (!HeaderComesLast() && !file_->WriteHeader()) FailWrite();
 }
 
 void RecordOutput::NextFile() {
@@ -78,7 +83,12 @@ void RecordOutput::Finish() {
     if (count_ == 0 && OneRecordAFile())
         FailFile(target_, "",
                  "there is no record to write, and the format " + std::string(format_.name) + " needs one");
+    if (file_ && HeaderComesLast() && !file_->WriteHeader()) FailWrite();
     if (file_) file_->Close();
+    // A suite is saved by its Close, which tells no failure.
+    std::error_code error;
+    if (file_ && format_.endRule == EndRule::kAskAgain && (fs::file_size(files_.back(), error) == 0 || error))
+        FailWrite();
     if (!document_) return;
     document_->Finish();
     stream_.close();
@@ -99,9 +109,24 @@ void RecordOutput::Commit() {
 // The native file turns around the order of groups that share a bucket, and so does a copy of the contact: a copy comes
 // out of the file in the order that its source had.
 bool RecordOutput::WriteToFile(const CContactItem& contact) {
+    if (format_.profile == ProfileShape::kColumns) return WriteOnOneLine(contact);
     const bool hasOrder = std::any_of(contact.fields.begin(), contact.fields.end(),
                                       [](const auto& field) { return field && field->groups.size() > 1; });
     return hasOrder ? file_->Write(CContactItem(contact)) : file_->Write(contact);
+}
+
+// A CSV file has one line for a contact, whatever its quotes: a line end in a value would make two contacts of one. It
+// becomes a blank, and the reading back tells that.
+bool RecordOutput::WriteOnOneLine(const CContactItem& contact) {
+    constexpr std::u16string_view kLineEnd = u"\r\n";
+    const bool breaks = std::any_of(contact.fields.begin(), contact.fields.end(), [&](const auto& field) {
+        return field && field->Data.find(kLineEnd) != std::u16string::npos;
+    });
+    if (!breaks) return file_->Write(contact);
+    CContactItem copy(contact);
+    for (const auto& field : copy.fields)
+        if (field) field->Data = Replace(field->Data, kLineEnd, u" ");
+    return file_->Write(copy);
 }
 
 // The slots tell no reason for a failed write: the one that people meet is looked for.

@@ -21,7 +21,8 @@ class RecordOutput {
  public:
     /// A target that is there is replaced only where `replaces` says so, also one that comes into being meanwhile; it
     /// is held against other programs until then.
-    RecordOutput(const LoadedLibrary& library, const Format& format, Kind kind, std::string target, bool replaces);
+    RecordOutput(const LoadedLibrary& library, const FormatRow& format, Kind kind, std::string target, bool replaces,
+                 SharedProfile profile, bool withPasswords);
 
     template <class Record>
     void Put(const Record& record) {
@@ -40,10 +41,12 @@ class RecordOutput {
     /// Puts the output in its place.
     void Commit();
 
-    /// How many surrogate halves a JSON document could not tell.
-    std::size_t Replaced() const { return document_ ? document_->Replaced() : 0; }
+    /// What is to be told of a JSON document.
+    JsonNotes Notes() const { return document_ ? document_->Notes() : JsonNotes(); }
 
  private:
+    // The captions of a file of columns come last: its writer adds columns as it goes.
+    bool HeaderComesLast() const { return format_.profile == ProfileShape::kColumns; }
     bool OneRecordAFile() const { return format_.endRule == EndRule::kOneRecord; }
     void HoldTarget();
     void OpenFile(const std::string& path);
@@ -53,12 +56,14 @@ class RecordOutput {
         return file_->Write(record);
     }
     bool WriteToFile(const CContactItem& contact);
+    bool WriteOnOneLine(const CContactItem& contact);
     [[noreturn]] void FailWrite() const;
 
     const LoadedLibrary& library_;
-    const Format& format_;
+    const FormatRow& format_;
     std::string target_;
     bool replaces_;
+    SharedProfile profile_;
     CFile held_;  // the target that is to be replaced
     std::optional<AtomicFile> single_;
     std::optional<PendingFolder> folder_;

@@ -4,19 +4,25 @@
 
 #include "command/JoinedInputs.h"
 #include "command/Kinds.h"
+#include "command/Profiles.h"
+#include "command/json/ProfileJson.h"
 #include "command/show/RecordPrinter.h"
+#include "platform/Text.h"
 
 namespace orvale {
 namespace {
 
+constexpr std::string_view kPasswordsHidden = "passwords are left out; --with-passwords shows them";
+
 template <class Record>
-void ShowJson(JoinedInputs& input, const ShowOrder& order, Kind kind) {
-    JsonDocumentWriter writer(std::cout, kind);
-    while (const Record* record = input.Next<Record>())
+void ShowJson(JoinedInputs& input, const ShowOrder& order, Kind kind, const SharedProfile& profile) {
+    JsonDocumentWriter writer(std::cout, kind, order.noProfile ? nullptr : profile, order.withPasswords);
+    for (const Record* record = nullptr; !order.profileOnly && (record = input.Next<Record>()) != nullptr;)
         writer.Put(*record);
     writer.Finish();
-    if (writer.Replaced() == 0) return;
-    const std::string count = std::to_string(writer.Replaced());
+    if (writer.Notes().hiddenPasswords != 0) TellUser(ErrorLine(order.file, "", kPasswordsHidden));
+    if (writer.Notes().replaced == 0) return;
+    const std::string count = std::to_string(writer.Notes().replaced);
     TellUser(ErrorLine(order.file, "", count + " halves of characters stand alone, which JSON can't tell"));
 }
 
@@ -33,24 +39,49 @@ void ShowListing(JoinedInputs& input, const ShowOrder& order, Kind kind) {
     screen.EndLine();
 }
 
+void ShowProfile(const ShowOrder& order, const SharedProfile& profile) {
+    Screen screen(std::cout, UseColor(order.color));
+    if (!profile) {
+        screen.Put("no profile", Screen::Style::kQuiet);
+        screen.EndLine();
+    }
+    for (const Fact& fact : FactsOf(profile, order.withPasswords))
+        screen.Row(fact.what, fact.value);
+}
+
+void TellUnknownCaptions(const InputName& name) {
+    for (const std::u16string& caption :
+         UnknownCaptions(name.name, name.columns ? name.columns : BuiltInColumnsFor(name.name)))
+        TellUser(ErrorLine(name.name, "column '" + Quote(ToUtf8(caption)) + "'",
+                           "nobody knows it; --profile can tell what it is"));
+}
+
 }  // namespace
 
 ExitCode Show(const LoadedLibrary& library, const ShowOrder& order) {
-    const std::vector<InputName> names = ResolveInputs({order.file}, order.format);
-    const Kind kind = RequireReadable(library, names, std::nullopt);
+    std::vector<InputName> names = ResolveInputs({order.file}, order.format);
+    const InputsInfo info = RequireReadable(library, names, std::nullopt);
+    const bool takesColumns = names.front().format->profile == ProfileShape::kColumns;
+    const GivenProfiles given = ReadGivenProfiles(order.profiles, info.kind, takesColumns, nullptr);
+    for (InputName& name : names)
+        name.columns = given.input;
+    if (takesColumns) TellUnknownCaptions(names.front());
     JoinedInputs input(library, names);
     std::vector<std::string> damages;
     input.onDamage = [&](const std::string& file, const std::string& place) {
         damages.push_back(ErrorLine(file, place, "damaged from here on"));
     };
-    VisitKind(kind, [&]<class Record>(std::type_identity<Record>) {
+    VisitKind(info.kind, [&]<class Record>(std::type_identity<Record>) {
         if (order.json)
-            ShowJson<Record>(input, order, kind);
+            ShowJson<Record>(input, order, info.kind, info.profile);
+        else if (order.profileOnly)
+            ShowProfile(order, info.profile);
         else
-            ShowListing<Record>(input, order, kind);
+            ShowListing<Record>(input, order, info.kind);
     });
-    for (const std::string& name : input.NamesWithProfile())
-        damages.empty() ? TellUser(ErrorLine(name, "", "its profile isn't shown")) : void();
+    if (input.PassedOver() != 0)
+        damages.push_back(ErrorLine(
+            order.file, "", std::to_string(input.PassedOver()) + " records could not be read and were passed over"));
     for (const std::string& line : damages)
         TellUser(line);
     return damages.empty() ? ExitCode::kDone : ExitCode::kFailed;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "command/CommandError.h"
 #include "command/show/Screen.h"
@@ -14,6 +15,10 @@ struct ShowOrder {
     std::string format;  ///< empty to find it
     bool json = false;
     ColorMode color = ColorMode::kAuto;
+    std::vector<std::string> profiles = {};  ///< files of --profile
+    bool profileOnly = false;
+    bool noProfile = false;
+    bool withPasswords = false;
 };
 
 /// Prints the records of a file, as a person reads them or as the JSON document. Of a damaged file, what came whole.

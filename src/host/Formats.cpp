@@ -10,11 +10,15 @@
 namespace orvale {
 namespace {
 
-constexpr std::size_t kHeadSize = 16 * 1024;
+constexpr std::size_t kHeadSize = 64 * 1024;
+
+constexpr Likeness Sure(bool yes) {
+    return yes ? Likeness::kSure : Likeness::kNone;
+}
 
 template <const char* kFlag>
-bool HasFlag(std::string_view head, std::uint64_t) {
-    return head.starts_with(std::string_view(kFlag, 9));  // with its zero
+Likeness HasFlag(std::string_view head, std::uint64_t) {
+    return Sure(head.starts_with(std::string_view(kFlag, 9)));  // with its zero
 }
 
 std::string_view TrimAscii(std::string_view text) {
@@ -38,9 +42,65 @@ bool OpensWith(std::string_view head, std::string_view block) {
 }
 
 template <const char* kBlock>
-bool HasBlock(std::string_view head, std::uint64_t) {
+Likeness HasBlock(std::string_view head, std::uint64_t) {
     const std::string_view text = TrimAscii(head);
-    return !text.starts_with('<') && !text.starts_with('{') && OpensWith(head, kBlock);
+    return Sure(!text.starts_with('<') && !text.starts_with('{') && OpensWith(head, kBlock));
+}
+
+// The ASCII of a head in UTF-16, by its mark; any other head as it is. A blank stands for what isn't ASCII.
+std::string NarrowHead(std::string_view head) {
+    const bool little = head.starts_with("\xFF\xFE");
+    if (!little && !head.starts_with("\xFE\xFF")) return std::string(head);
+    std::string narrow;
+    for (std::size_t i = 2; i + 1 < head.size(); i += 2) {
+        const char high = head[little ? i + 1 : i];
+        const char low = head[little ? i : i + 1];
+        narrow.push_back(high == 0 && low >= 0 ? low : ' ');
+    }
+    return narrow;
+}
+
+// The first start tag, behind declaration, comments and document type; empty if there is none.
+std::string_view FirstStartTag(std::string_view text) {
+    if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
+    text = TrimAscii(text);
+    while (text.starts_with("<?") || text.starts_with("<!")) {
+        const std::string_view end = text.starts_with("<?") ? "?>" : text.starts_with("<!--") ? "-->" : ">";
+        const std::size_t found = text.find(end);
+        if (found == std::string_view::npos) return {};
+        text = TrimAscii(text.substr(found + end.size()));
+    }
+    return text.starts_with('<') ? text.substr(0, text.find('>')) : std::string_view();
+}
+
+// Whether the first start tag has an attribute id of this value.
+template <const char* kId>
+Likeness HasSuiteId(std::string_view head, std::uint64_t) {
+    const std::string text = NarrowHead(head);
+    const std::string_view tag = FirstStartTag(text);
+    for (std::size_t at = tag.find("id"); at != std::string_view::npos; at = tag.find("id", at + 1)) {
+        if (at == 0 || std::string_view(" \t\r\n").find(tag[at - 1]) == std::string_view::npos) continue;
+        const std::string_view rest = TrimAscii(tag.substr(at + 2));
+        if (!rest.starts_with('=')) continue;
+        const std::string_view value = TrimAscii(rest.substr(1));
+        if (value.size() < 2 || (value[0] != '"' && value[0] != '\'')) continue;
+        return Sure(value.substr(1, value.find(value[0], 1) - 1) == kId);
+    }
+    return Likeness::kNone;
+}
+
+// The header ends in the number of bytes behind it; there is no flag.
+Likeness HasSsySize(std::string_view head, std::uint64_t size) {
+    constexpr std::size_t kHeaderSize = 54;
+    if (head.size() < kHeaderSize) return Likeness::kNone;
+    std::uint32_t told = 0;
+    for (std::size_t i = 4; i-- > 0;)
+        told = told << 8 | static_cast<unsigned char>(head[kHeaderSize - 4 + i]);
+    return told == size - kHeaderSize ? Likeness::kWeak : Likeness::kNone;
+}
+
+Likeness TellsNothing(std::string_view, std::uint64_t) {
+    return Likeness::kNone;
 }
 
 constexpr char kQzsFlag[] = "<QZ-QZS>";
@@ -49,14 +109,24 @@ constexpr char kCalFlag[] = "<QZ-CAL>";
 constexpr char kEmlFlag[] = "<QZ-EML>";
 constexpr char kVCardBlock[] = "BEGIN:VCARD";
 constexpr char kVCalendarBlock[] = "BEGIN:VCALENDAR";
+constexpr char kPhonebookId[] = "suite-phonebook";
+constexpr char kCalendarId[] = "suite-calendar";
+constexpr char kSmsId[] = "suite-SMS";
+constexpr char kEmailId[] = "suite-email";
 
 // The table of formats as hosts see them: a new one is a row here.
 constexpr FormatInfo kFormats[] = {
     {FileFormat::kQzs, "qzs", Kind::kContacts, ".qzs", true, &HasFlag<kQzsFlag>},
+    {FileFormat::kSsy, "ssy", Kind::kContacts, ".ssy", false, &HasSsySize},
+    {FileFormat::kCsv, "csv", Kind::kContacts, ".csv", true, &TellsNothing},
     {FileFormat::kVCard, "vcard", Kind::kContacts, ".vcf", true, &HasBlock<kVCardBlock>},
     {FileFormat::kSms, "sms", Kind::kSms, ".sms", true, &HasFlag<kSmsFlag>},
     {FileFormat::kCal, "cal", Kind::kCalendar, ".cal", true, &HasFlag<kCalFlag>},
     {FileFormat::kVCalendar, "vcalendar", Kind::kCalendar, ".vcs", true, &HasBlock<kVCalendarBlock>},
+    {FileFormat::kPhonebookXml, "phonebook-xml", Kind::kContacts, ".xml", true, &HasSuiteId<kPhonebookId>},
+    {FileFormat::kCalendarXml, "calendar-xml", Kind::kCalendar, ".xml", true, &HasSuiteId<kCalendarId>},
+    {FileFormat::kSmsXml, "sms-xml", Kind::kSms, ".xml", true, &HasSuiteId<kSmsId>},
+    {FileFormat::kEmailXml, "email-xml", Kind::kEmail, ".xml", true, &HasSuiteId<kEmailId>},
     {FileFormat::kEml, "eml", Kind::kEmail, ".eml", true, &HasFlag<kEmlFlag>},
 };
 
@@ -95,9 +165,15 @@ const FormatInfo* DetectByContent(const std::filesystem::path& path) {
     if (!head) return nullptr;
     std::error_code error;
     const std::uint64_t size = std::filesystem::file_size(path, error);
-    for (const FormatInfo& row : kFormats)
-        if (row.looksLike(*head, error ? 0 : size)) return &row;
-    return nullptr;
+    const FormatInfo* best = nullptr;
+    Likeness most = Likeness::kNone;
+    for (const FormatInfo& row : kFormats) {
+        const Likeness likeness = row.looksLike(*head, error ? 0 : size);
+        if (likeness <= most) continue;
+        best = &row;
+        most = likeness;
+    }
+    return best;
 }
 
 }  // namespace orvale

@@ -17,12 +17,21 @@ enum class Kind { kContacts, kCalendar, kSms, kEmail };
 /// The formats of the module; the values are the numbers by which it creates them.
 enum class FileFormat : FileType {
     kQzs = 0,
+    kSsy = 1,
+    kCsv = 2,
     kVCard = 3,
     kSms = 4,
     kCal = 5,
     kVCalendar = 6,
+    kPhonebookXml = 7,
+    kCalendarXml = 8,
+    kSmsXml = 9,
+    kEmailXml = 10,
     kEml = 11,
 };
+
+/// How surely the content of a file tells its format.
+enum class Likeness { kNone, kWeak, kSure };
 
 /// What a format is like.
 struct FormatInfo {
@@ -32,8 +41,8 @@ struct FormatInfo {
     std::string_view extension;  ///< with its dot
     bool writes;                 ///< all are read
 
-    /// Whether a file that begins so may be one of this format; `size` is that of the whole file.
-    bool (*looksLike)(std::string_view head, std::uint64_t size);
+    /// How surely a file that begins so is one of this format; `size` is that of the whole file.
+    Likeness (*looksLike)(std::string_view head, std::uint64_t size);
 };
 
 /// All formats, in the order of their numbers.
@@ -45,7 +54,7 @@ const FormatInfo& Info(FileFormat format);
 /// The row of a name, or null.
 const FormatInfo* FindFormat(std::string_view name);
 
-/// The format that the file's content tells, or null. A file that can't be read tells none.
+/// The format that the file's content tells most surely, or null. A file that can't be read tells none.
 const FormatInfo* DetectByContent(const std::filesystem::path& path);
 
 /// The first bytes of a file, as many as detection looks at; none if it can't be read.

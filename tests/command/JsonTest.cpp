@@ -98,14 +98,14 @@ TEST(JsonTest, DatesComeBackBitByBit) {
     for (const auto& each : kCases) {
         SCOPED_TRACE(each.json);
         std::string out;
-        std::size_t replaced = 0;
-        JsonWriter writer(out, 0, replaced);
+        JsonNotes notes;
+        JsonWriter writer(out, 0, notes);
         writer.Date("date", DateValue(each.value));
         writer.Finish();
         EXPECT_EQ(out, "{\n  \"date\": " + std::string(each.json) + "\n}");
         DateValue date(7.0);
-        const Json value = ParseJson(out, "", "", 1);
-        JsonReader(value, "", "").Date("date", date);
+        const JsonPointer value = ParseJson(out, "", "", 1);
+        JsonReader(*value, "", "").Date("date", date);
         EXPECT_EQ(std::bit_cast<std::uint64_t>(date.Value()), std::bit_cast<std::uint64_t>(each.value));
     }
 }

@@ -18,7 +18,7 @@ std::string Dump(const OrderedJson& value) {
 
 std::string FormatsJson() {
     OrderedJson list = OrderedJson::array();
-    for (const Format& row : FormatTable()) {
+    for (const FormatRow& row : FormatTable()) {
         OrderedJson object;
         object["name"] = row.name;
         object["kind"] = row.kind ? OrderedJson(KindWord(*row.kind)) : OrderedJson();

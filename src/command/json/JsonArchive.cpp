@@ -4,6 +4,7 @@
 #include <bit>
 #include <cmath>
 #include <limits>
+#include <nlohmann/json.hpp>
 #include <utility>
 
 #include "command/CommandError.h"
@@ -125,6 +126,14 @@ const Json* JsonReader::TakeList(const char* key) {
     return value;
 }
 
+std::size_t JsonReader::CountOf(const Json* list) {
+    return list != nullptr ? list->size() : 0;
+}
+
+const Json& JsonReader::EntryOf(const Json& list, std::size_t place) {
+    return list[place];
+}
+
 std::string JsonReader::Path(std::string_view key) const {
     return path_.empty() ? std::string(key) : path_ + "." + std::string(key);
 }
@@ -147,8 +156,8 @@ std::u16string JsonReader::TextOf(const char* key, const Json& value) const {
     return FromUtf8(value.get_ref<const std::string&>());
 }
 
-JsonWriter::JsonWriter(std::string& out, std::size_t indent, std::size_t& replaced)
-    : out_(out), indent_(indent), replaced_(replaced) {
+JsonWriter::JsonWriter(std::string& out, std::size_t indent, JsonNotes& notes)
+    : out_(out), indent_(indent), notes_(notes) {
     out_ += '{';
 }
 
@@ -193,6 +202,12 @@ void JsonWriter::OptionalGroups(const char* key, const HashMap<std::u16string>& 
     EndList();
 }
 
+void JsonWriter::Password(const char* key, const std::u16string& member) {
+    const bool hidden = !notes_.withPasswords && !member.empty();
+    notes_.hiddenPasswords += hidden;
+    Text(key, hidden ? std::u16string() : member);
+}
+
 void JsonWriter::BeginList(const char* key) {
     Key(key);
     out_ += '[';
@@ -229,7 +244,7 @@ void JsonWriter::Member(const char* key, std::string_view value) {
 
 // As JSON has it, and what could steer a terminal escaped as well: that reads back the same.
 std::string JsonWriter::Quoted(std::u16string_view text) {
-    const std::string quoted = Json(ToUtf8(text, &replaced_)).dump();
+    const std::string quoted = Json(ToUtf8(text, &notes_.replaced)).dump();
     const auto steers = [](char16_t unit) { return unit >= 0x7F && SteersTerminal(unit); };
     if (std::none_of(text.begin(), text.end(), steers)) return quoted;
     std::u16string escaped;

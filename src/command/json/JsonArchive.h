@@ -65,12 +65,33 @@ class JsonReader {
     template <class Visit>
     void ForEach(const char* key, Visit visit) {
         const Json* list = TakeList(key);
-        for (std::size_t i = 0; list != nullptr && i < list->size(); ++i) {
-            JsonReader entry((*list)[i], file_, Path(key) + "[" + std::to_string(i) + "]");
+        for (std::size_t i = 0; i < CountOf(list); ++i) {
+            JsonReader entry(EntryOf(*list, i), file_, Path(key) + "[" + std::to_string(i) + "]");
             visit(entry);
             entry.Finish();
         }
     }
+
+    /// A list of objects whose members stand in parallel lists: `resize` makes room for as many as there are, `visit`
+    /// is called with a reader and the place of each.
+    template <class Resize, class Visit>
+    void Rows(const char* key, std::size_t, Resize resize, Visit visit) {
+        std::size_t place = 0;
+        resize(place);
+        ForEach(key, [&](JsonReader& entry) {
+            resize(place + 1);
+            visit(entry, place++);
+        });
+    }
+
+    /// A number that the record holds unsigned and the document as signed.
+    void SignedInt(const char* key, std::uint32_t& member) {
+        auto number = static_cast<std::int32_t>(member);
+        Int(key, number);
+        member = static_cast<std::uint32_t>(number);
+    }
+
+    void Password(const char* key, std::u16string& member) { Text(key, member); }
 
     /// Fails if the object has a key that nobody took.
     void Finish() const;
@@ -78,6 +99,8 @@ class JsonReader {
  private:
     const Json* Take(const char* key);
     const Json* TakeList(const char* key);
+    static std::size_t CountOf(const Json* list);
+    static const Json& EntryOf(const Json& list, std::size_t place);
     std::string Path(std::string_view key) const;
     [[noreturn]] void Fail(std::string_view key, std::string_view reason) const;
     std::int64_t Integer(const char* key, const Json& value, std::int64_t least, std::int64_t most) const;
@@ -90,12 +113,19 @@ class JsonReader {
     std::vector<std::string_view> named_;  // keys beside which a name may stand
 };
 
+/// What a writer of JSON does with passwords, and what is to be told of what it wrote.
+struct JsonNotes {
+    bool withPasswords = false;
+    std::size_t replaced = 0;         ///< halves of characters that stand alone, which JSON can't tell: now U+FFFD
+    std::size_t hiddenPasswords = 0;  ///< passwords that were left out
+};
+
 /// Puts values into one JSON object, with two blanks of indent.
 class JsonWriter {
  public:
-    /// Writes behind `out`, whose last line is indented by `indent`. `replaced` counts the surrogate halves that JSON
-    /// can't tell.
-    JsonWriter(std::string& out, std::size_t indent, std::size_t& replaced);
+    /// Writes behind `out`, whose last line is indented by `indent`. `notes` keeps what is to be
+    /// told of it.
+    JsonWriter(std::string& out, std::size_t indent, JsonNotes& notes);
 
     void Int(const char* key, std::int32_t member) { Member(key, std::to_string(member)); }
     void Int(const char* key, std::int32_t member, std::int32_t leftOutAt) {
@@ -125,17 +155,27 @@ class JsonWriter {
     template <class Visit>
     bool Object(const char* key, Visit visit) {
         Key(key);
-        JsonWriter inner(out_, indent_ + 2, replaced_);
+        JsonWriter inner(out_, indent_ + 2, notes_);
         visit(inner);
         inner.Finish();
         return true;
     }
 
+    template <class Resize, class Visit>
+    void Rows(const char* key, std::size_t size, Resize, Visit visit) {
+        BeginList(key);
+        for (std::size_t i = 0; i < size; ++i)
+            Entry([&](JsonWriter& entry) { visit(entry, i); });
+        EndList();
+    }
+    void SignedInt(const char* key, std::uint32_t member) { Int(key, static_cast<std::int32_t>(member)); }
+    void Password(const char* key, const std::u16string& member);
+
     void BeginList(const char* key);
     template <class Visit>
     void Entry(Visit visit) {
         BeginEntry();
-        JsonWriter entry(out_, indent_ + 4, replaced_);
+        JsonWriter entry(out_, indent_ + 4, notes_);
         visit(entry);
         entry.Finish();
     }
@@ -153,7 +193,7 @@ class JsonWriter {
 
     std::string& out_;
     std::size_t indent_;
-    std::size_t& replaced_;
+    JsonNotes& notes_;
     bool empty_ = true;
     bool emptyList_ = true;
 };

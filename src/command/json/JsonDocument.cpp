@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <nlohmann/json.hpp>
 
 #include "command/CommandError.h"
 #include "command/FormatTable.h"
+#include "command/json/ProfileJson.h"
 
 namespace orvale {
 namespace {
@@ -17,6 +19,8 @@ constexpr int kVersion = 1;
 JsonDocument::JsonDocument(const std::filesystem::path& path, std::string shownName)
     : text_(path, std::move(shownName)) {
     ReadHead();
+    if (profileValue_) profile_ = ReadProfile(*profileValue_, *kind_, text_.ShownName(), "profile");
+    profileValue_.reset();
 }
 
 void JsonDocument::ReadHead() {
@@ -41,9 +45,9 @@ void JsonDocument::ReadHead() {
 
 std::string JsonDocument::TakeKey() {
     if (text_.Peek() != '"') text_.Fail("expected a key");
-    const Json key = TakeJson("");
+    const JsonPointer key = TakeJson("");
     text_.Expect(':');
-    const auto& name = key.get_ref<const std::string&>();
+    const auto& name = key->get_ref<const std::string&>();
     if (std::find(keys_.begin(), keys_.end(), name) != keys_.end())
         FailFile(text_.ShownName(), Quote(name), "the key stands twice");
     keys_.push_back(name);
@@ -52,7 +56,8 @@ std::string JsonDocument::TakeKey() {
 
 void JsonDocument::TakeHeadValue(const std::string& key) {
     if (key != "orvale" && key != "kind" && key != "profile") FailFile(text_.ShownName(), Quote(key), "unknown key");
-    const Json value = TakeJson(key);
+    const JsonPointer pointer = TakeJson(key);
+    const Json& value = *pointer;
     if (key == "orvale") {
         if (!value.is_number_integer() || value != kVersion)
             FailFile(text_.ShownName(), key, "only documents of version 1 are known");
@@ -63,29 +68,28 @@ void JsonDocument::TakeHeadValue(const std::string& key) {
             FailFile(text_.ShownName(), key, "no kind of data; contacts, calendar, sms and email are");
         kind_ = *found;
     } else if (!value.is_null()) {
-        if (!value.is_object()) FailFile(text_.ShownName(), key, "expected an object or null");
-        profile_ = value;
+        profileValue_ = pointer;
     }
 }
 
-std::optional<Json> JsonDocument::NextValue() {
-    if (!inRecords_) return std::nullopt;
+JsonPointer JsonDocument::NextValue() {
+    if (!inRecords_) return nullptr;
     try {
-        std::optional<Json> value = TakeNextValue();
+        JsonPointer value = TakeNextValue();
         wholeEnd_ = text_.Offset();
         return value;
     } catch (const JsonEndsEarly&) {
         inRecords_ = false;
         brokenAt_ = wholeEnd_;
-        return std::nullopt;
+        return nullptr;
     }
 }
 
-std::optional<Json> JsonDocument::TakeNextValue() {
+JsonPointer JsonDocument::TakeNextValue() {
     if (count_ == 0 ? text_.TakeIf(']') : !text_.TakeIf(',')) {
         if (count_ != 0) text_.Expect(']');
         ReadTail();
-        return std::nullopt;
+        return nullptr;
     }
     ++count_;
     return TakeJson(Place());
@@ -103,16 +107,20 @@ void JsonDocument::ReadTail() {
     if (text_.Peek() != JsonText::kNothing) text_.Fail("something stands behind the document");
 }
 
-Json JsonDocument::TakeJson(std::string_view place) {
+JsonPointer JsonDocument::TakeJson(std::string_view place) {
     text_.Peek();
     const std::size_t line = text_.Line();
     return ParseJson(text_.TakeValue(), text_.ShownName(), place, line);
 }
 
-JsonDocumentWriter::JsonDocumentWriter(std::ostream& out, Kind kind) : out_(out) {
+JsonDocumentWriter::JsonDocumentWriter(std::ostream& out, Kind kind, const SharedProfile& profile, bool withPasswords)
+    : out_(out) {
+    notes_.withPasswords = withPasswords;
     buffer_ = "{\n  \"orvale\": 1,\n  \"kind\": \"";
     buffer_ += KindWord(kind);
-    buffer_ += "\",\n  \"profile\": null,\n  \"records\": [";
+    buffer_ += "\",\n  \"profile\": ";
+    WriteProfile(buffer_, 2, profile, notes_);
+    buffer_ += ",\n  \"records\": [";
     Flush();
 }
 

@@ -5,6 +5,7 @@
 #include <ostream>
 #include <string>
 
+#include "command/Profile.h"
 #include "command/json/JsonArchive.h"
 #include "command/json/JsonText.h"
 #include "host/Formats.h"
@@ -18,8 +19,8 @@ class JsonDocument {
 
     Kind GetKind() const { return *kind_; }
 
-    /// The profile as it stands in the document; none if it is null or missing.
-    const std::optional<Json>& Profile() const { return profile_; }
+    /// The profile of the document; none if it is null or missing.
+    const SharedProfile& GetProfile() const { return profile_; }
 
     /// Once Next gave false: where the last whole record ends, if the document is cut off behind it.
     std::optional<std::uint64_t> BrokenAt() const { return brokenAt_; }
@@ -27,7 +28,7 @@ class JsonDocument {
     /// Fills a record from the next one of the document. False at the end, which may be too early.
     template <class Record>
     bool Next(Record& record) {
-        const std::optional<Json> value = NextValue();
+        const JsonPointer value = NextValue();
         if (!value) return false;
         JsonReader reader(*value, text_.ShownName(), Place());
         VisitJson(reader, record);
@@ -39,15 +40,16 @@ class JsonDocument {
     void ReadHead();
     std::string TakeKey();
     void TakeHeadValue(const std::string& key);
-    std::optional<Json> NextValue();
-    std::optional<Json> TakeNextValue();
+    JsonPointer NextValue();
+    JsonPointer TakeNextValue();
     void ReadTail();
     std::string Place() const { return "records[" + std::to_string(count_ - 1) + "]"; }
-    Json TakeJson(std::string_view place);
+    JsonPointer TakeJson(std::string_view place);
 
     JsonText text_;
     std::optional<Kind> kind_;
-    std::optional<Json> profile_;
+    JsonPointer profileValue_;  // until the kind is known
+    SharedProfile profile_;
     std::vector<std::string> keys_;
     bool inRecords_ = false;
     std::size_t count_ = 0;
@@ -58,12 +60,12 @@ class JsonDocument {
 /// Writes the JSON document as a stream. Finish ends it; a failure of the stream is the caller's to look for.
 class JsonDocumentWriter {
  public:
-    JsonDocumentWriter(std::ostream& out, Kind kind);
+    JsonDocumentWriter(std::ostream& out, Kind kind, const SharedProfile& profile, bool withPasswords);
 
     template <class Record>
     void Put(const Record& record) {
         Separate();
-        JsonWriter writer(buffer_, 4, replaced_);
+        JsonWriter writer(buffer_, 4, notes_);
         VisitJson(writer, record);
         writer.Finish();
         Flush();
@@ -71,8 +73,8 @@ class JsonDocumentWriter {
 
     void Finish();
 
-    /// How many surrogate halves that stand alone became U+FFFD.
-    std::size_t Replaced() const { return replaced_; }
+    /// What is to be told of what was written so far.
+    const JsonNotes& Notes() const { return notes_; }
 
  private:
     void Separate();
@@ -80,7 +82,7 @@ class JsonDocumentWriter {
 
     std::ostream& out_;
     std::string buffer_;
-    std::size_t replaced_ = 0;
+    JsonNotes notes_;
     bool empty_ = true;
 };
 

@@ -1,6 +1,7 @@
 #include "command/json/JsonValue.h"
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
 #include <vector>
 
 #include "command/CommandError.h"
@@ -93,10 +94,10 @@ class Builder : public nlohmann::json_sax<Json> {
 
 }  // namespace
 
-Json ParseJson(std::string_view text, std::string_view file, std::string_view place, std::size_t firstLine) {
+JsonPointer ParseJson(std::string_view text, std::string_view file, std::string_view place, std::size_t firstLine) {
     Builder builder(text, file, place, firstLine);
     Json::sax_parse(text, &builder);
-    return builder.Take();
+    return std::make_shared<const Json>(builder.Take());
 }
 
 }  // namespace orvale
