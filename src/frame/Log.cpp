@@ -16,9 +16,10 @@ namespace {
 
 std::uint32_t logSwitch = 0;
 
-// Made when LogInit asks for it, which happens at load: a plain global could be built after that, empty again.
+// Made when LogInit asks for it, which happens at load: a plain global could be built after that, empty again. Never
+// destroyed: a host may release its file objects when statics are gone.
 std::u16string& LogPath() {
-    static std::u16string path;
+    static auto& path = *new std::u16string;
     return path;
 }
 

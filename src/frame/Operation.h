@@ -41,6 +41,7 @@ class Operation {
             body();
             file_.HandOver();
         } catch (...) {
+            HandOverRest();
             Line(kFailed, u"Failed");
             return 0;
         }
@@ -55,6 +56,14 @@ class Operation {
     void Silence() noexcept { lines_ = 0; }
 
  private:
+    // What was written before the failure stays in the file, as far as the system takes it.
+    void HandOverRest() const noexcept {
+        try {
+            file_.HandOver();
+        } catch (...) {
+        }
+    }
+
     void Line(Lines line, std::u16string_view word) const noexcept {
         if ((lines_ & line) != 0) Tell(word);
     }

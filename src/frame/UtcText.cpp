@@ -44,7 +44,7 @@ bool UtcTextToDate(std::u16string_view text, DateValue& date) {
     const std::optional<CalendarFields> local = UtcToLocal(utc);
     if (!local) return false;
     date = DateValue::FromFields(*local);
-    return true;
+    return date.GetStatus() == DateValue::kValid;
 }
 
 std::u16string DateToLocaleText(const DateValue& date) {

@@ -68,10 +68,8 @@ const CodePage& DecideCodePage() {
                                    : nullptr;
         if (page != nullptr) return *page;
     }
-    const std::string_view codeset = nl_langinfo(CODESET);
-    for (const CodePage& page : kPages)
-        if (codeset == page.iconvName || (page.localeName != nullptr && codeset == page.localeName)) return page;
-    return kUtf8;
+    const CodePage* const page = FindCodePageOfCodeset(nl_langinfo(CODESET));
+    return page != nullptr ? *page : kUtf8;
 }
 
 // How much of the front is ASCII, which every page holds at its own places.
@@ -120,6 +118,12 @@ const CodePage& ThreadCodePage() {
     const CodePage* first = nullptr;
     const CodePage* mine = &DecideCodePage();
     return decided.compare_exchange_strong(first, mine) ? *mine : *first;
+}
+
+const CodePage* FindCodePageOfCodeset(std::string_view codeset) {
+    for (const CodePage& page : kPages)
+        if (codeset == page.iconvName || (page.localeName != nullptr && codeset == page.localeName)) return &page;
+    return nullptr;
 }
 
 TextConverter::Direction::~Direction() {

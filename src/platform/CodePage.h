@@ -20,6 +20,9 @@ struct CodePage {
 /// The row of a number, or null.
 const CodePage* FindCodePage(std::int32_t number);
 
+/// The row of a locale's codeset, or null.
+const CodePage* FindCodePageOfCodeset(std::string_view codeset);
+
 /// The code page of 8-bit text: `ORVALE_CODEPAGE` in the environment (a number of the table) if that is set and known,
 /// else the codeset of the thread's locale; the C locale and an unknown codeset mean UTF-8. Decided at the first call
 /// and the same from then on; threads that race on the first call get the same page.

@@ -1,10 +1,12 @@
 #include "platform/DateValue.h"
 
+#include <langinfo.h>
 #include <time.h>
 
 #include <cmath>
 
 #include "platform/Clock.h"
+#include "platform/CodePage.h"
 #include "platform/KeptLocale.h"
 #include "platform/Text.h"
 
@@ -115,7 +117,9 @@ std::optional<std::u16string> LocaleText(const DateValue& date) {
     char text[256];
     const std::size_t size = user.Get() != nullptr ? strftime_l(text, sizeof text, format, &parts, user.Get())
                                                    : strftime(text, sizeof text, format, &parts);
-    return FromUtf8({text, size});
+    const CodePage* const page =
+        user.Get() != nullptr ? FindCodePageOfCodeset(nl_langinfo_l(CODESET, user.Get())) : nullptr;
+    return page != nullptr ? TextConverter(*page).ToWide({text, size}) : FromUtf8({text, size});
 }
 
 }  // namespace orvale

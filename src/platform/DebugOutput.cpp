@@ -1,14 +1,47 @@
 #include "platform/DebugOutput.h"
 
+#include <pthread.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
+#include <ctime>
 
 #include "platform/Text.h"
 
 namespace orvale {
 
+namespace {
+
+// While it lives, a write into a pipe that nobody reads is a failure of the write and doesn't end the host.
+class BrokenPipeHeldOff {
+ public:
+    BrokenPipeHeldOff() {
+        sigemptyset(&pipe_);
+        sigaddset(&pipe_, SIGPIPE);
+        sigset_t pending;
+        sigpending(&pending);
+        wasPending_ = sigismember(&pending, SIGPIPE) == 1;
+        pthread_sigmask(SIG_BLOCK, &pipe_, &before_);
+    }
+    ~BrokenPipeHeldOff() {
+        constexpr timespec kNoWait{0, 0};
+        if (!wasPending_) sigtimedwait(&pipe_, nullptr, &kNoWait);
+        pthread_sigmask(SIG_SETMASK, &before_, nullptr);
+    }
+    BrokenPipeHeldOff(const BrokenPipeHeldOff&) = delete;
+    BrokenPipeHeldOff& operator=(const BrokenPipeHeldOff&) = delete;
+
+ private:
+    sigset_t pipe_;
+    sigset_t before_;
+    bool wasPending_;
+};
+
+}  // namespace
+
 void WriteDebugOutput(std::u16string_view text) noexcept {
+    const BrokenPipeHeldOff guard;
     try {
         const std::string bytes = ToUtf8(text);
         std::string_view rest = bytes;

@@ -16,8 +16,9 @@ class FormatArgument {
         : isText_(false), number_(static_cast<std::int64_t>(number)) {}
     FormatArgument(std::u16string_view text) : isText_(true), text_(text) {}    // NOLINT(google-explicit-constructor)
     FormatArgument(const std::u16string& text) : isText_(true), text_(text) {}  // NOLINT(google-explicit-constructor)
-    FormatArgument(const char16_t* text) : isText_(true), text_(text) {}        // NOLINT(google-explicit-constructor)
-    FormatArgument(const void* address)                                         // NOLINT(google-explicit-constructor)
+    FormatArgument(const char16_t* text)
+        : isText_(true), text_(text != nullptr ? text : u"") {}  // NOLINT(google-explicit-constructor)
+    FormatArgument(const void* address)                          // NOLINT(google-explicit-constructor)
         : isText_(false), number_(static_cast<std::int64_t>(reinterpret_cast<std::uintptr_t>(address))) {}
 
     bool IsText() const { return isText_; }

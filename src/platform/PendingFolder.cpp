@@ -21,7 +21,8 @@ void SyncFileSystemOf(const fs::path& folder) noexcept {
 
 }  // namespace
 
-PendingFolder::PendingFolder(const fs::path& target) : target_(fs::absolute(target)) {
+PendingFolder::PendingFolder(const fs::path& target)
+    : target_(fs::absolute(target.has_filename() ? target : target.parent_path())) {
     std::random_device random;
     constexpr int kMostNames = 100;
     for (int i = 0; i < kMostNames && path_.empty(); ++i) {
