@@ -11,6 +11,8 @@
 #include <cstring>
 #include <system_error>
 
+#include "platform/Text.h"
+
 namespace orvale {
 namespace {
 
@@ -70,15 +72,6 @@ const CodePage& DecideCodePage() {
     }
     const CodePage* const page = FindCodePageOfCodeset(nl_langinfo(CODESET));
     return page != nullptr ? *page : kUtf8;
-}
-
-// How much of the front is ASCII, which every page holds at its own places.
-template <class Unit>
-std::size_t AsciiPrefix(std::basic_string_view<Unit> text) {
-    using Unsigned = std::make_unsigned_t<Unit>;
-    return static_cast<std::size_t>(
-        std::find_if(text.begin(), text.end(), [](Unit unit) { return static_cast<Unsigned>(unit) >= 0x80; }) -
-        text.begin());
 }
 
 // One call of iconv; its error, or 0. Where nothing is left to convert it fetches what the conversion still holds (some
@@ -143,6 +136,7 @@ TextConverter::~TextConverter() = default;
 
 std::string TextConverter::ToNarrow(std::u16string_view text) {
     text = text.substr(0, text.find(u'\0'));
+    if (page_.HoldsAll()) return ToUtf8(text, &replaced_, u'?');
     const std::size_t ascii = AsciiPrefix(text);
     std::string out(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(ascii));
     text.remove_prefix(ascii);
@@ -172,12 +166,19 @@ std::string TextConverter::ToNarrow(std::u16string_view text) {
 }
 
 std::u16string TextConverter::ToWide(std::string_view bytes) {
+    std::u16string out;
+    AppendWide(bytes, out);
+    return out;
+}
+
+void TextConverter::AppendWide(std::string_view bytes, std::u16string& out) {
     bytes = bytes.substr(0, bytes.find('\0'));
+    if (page_.HoldsAll()) return AppendFromUtf8(out, bytes, &replaced_);
     std::size_t ascii = AsciiPrefix(bytes);
     if (ascii != 0 && ascii < bytes.size()) --ascii;  // the letter under what may be an accent that joins it
-    std::u16string out(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(ascii));
+    AppendFromUtf8(out, bytes.substr(0, ascii));
     bytes.remove_prefix(ascii);
-    if (bytes.empty()) return out;
+    if (bytes.empty()) return;
 
     void* const handle = wide_.Handle(kWideName, page_.iconvName);
     auto* from = const_cast<char*>(bytes.data());
@@ -202,7 +203,6 @@ std::u16string TextConverter::ToWide(std::string_view bytes) {
         out.push_back(u'\xFFFD');
         ++replaced_;
     }
-    return out;
 }
 
 std::string ToNarrow(std::u16string_view text) {

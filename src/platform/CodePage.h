@@ -15,6 +15,9 @@ struct CodePage {
 
     /// Whether a byte opens a character of two bytes: in the pages 932, 936, 949 and 950 alone.
     bool IsLeadByte(unsigned char byte) const;
+
+    /// Whether every well-formed text comes back from it as it was: of the Unicode page alone.
+    bool HoldsAll() const { return number == 65001; }
 };
 
 /// The row of a number, or null.
@@ -43,6 +46,9 @@ class TextConverter {
     /// character of the page becomes U+FFFD. Throws std::system_error where the system lacks the conversion.
     std::string ToNarrow(std::u16string_view text);
     std::u16string ToWide(std::string_view bytes);
+
+    /// ToWide, behind what `out` holds.
+    void AppendWide(std::string_view bytes, std::u16string& out);
 
     /// How many "?" and U+FFFD were put in so far.
     std::size_t Replaced() const { return replaced_; }

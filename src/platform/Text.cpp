@@ -24,28 +24,27 @@ constexpr bool IsLowHalf(char16_t unit) {
     return unit >= 0xDC00 && unit < 0xE000;
 }
 
-void AppendUtf8(std::string& out, char32_t code) {
+char* PutUtf8(char* out, char32_t code) {
     if (code < 0x80) {
-        out.push_back(static_cast<char>(code));
-        return;
+        *out++ = static_cast<char>(code);
+        return out;
     }
     const int following = code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
     constexpr unsigned char kLead[] = {0, 0xC0, 0xE0, 0xF0};
-    out.push_back(static_cast<char>(kLead[following] | code >> 6 * following));
+    *out++ = static_cast<char>(kLead[following] | code >> 6 * following);
     for (int i = following - 1; i >= 0; --i)
-        out.push_back(static_cast<char>(0x80 | (code >> 6 * i & 0x3F)));
+        *out++ = static_cast<char>(0x80 | (code >> 6 * i & 0x3F));
+    return out;
 }
 
 }  // namespace
 
-bool IsSpace(char16_t unit) {
-    if (unit < 0x80) return unit == u' ' || (unit >= u'\t' && unit <= u'\r');
+bool IsSpaceBeyondAscii(char16_t unit) {
     const locale_t locale = UnicodeLocale();
     return locale != nullptr && iswspace_l(unit, locale) != 0;
 }
 
-char16_t ToLower(char16_t unit) {
-    if (unit < 0x80) return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
+char16_t ToLowerBeyondAscii(char16_t unit) {
     const locale_t locale = UnicodeLocale();
     return locale != nullptr ? static_cast<char16_t>(towlower_l(unit, locale)) : unit;
 }
@@ -90,36 +89,43 @@ std::int32_t ToNumber(std::u16string_view text) {
     return static_cast<std::int32_t>(negative ? 0 - number : number);
 }
 
-std::string ToUtf8(std::u16string_view text, std::size_t* replaced) {
-    std::string out;
-    out.reserve(text.size());
+std::string ToUtf8(std::u16string_view text, std::size_t* replaced, char16_t replacement) {
+    std::string out(3 * text.size(), '\0');  // no unit becomes more than three bytes
+    char* to = out.data();
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char16_t unit = text[i];
         if (IsHighHalf(unit) && i + 1 < text.size() && IsLowHalf(text[i + 1])) {
-            AppendUtf8(out, 0x10000 + ((unit - 0xD800U) << 10) + (text[++i] - 0xDC00U));
+            to = PutUtf8(to, 0x10000 + ((unit - 0xD800U) << 10) + (text[++i] - 0xDC00U));
         } else if (IsHighHalf(unit) || IsLowHalf(unit)) {
-            AppendUtf8(out, kReplacement);
+            to = PutUtf8(to, replacement);
             if (replaced != nullptr) ++*replaced;
         } else {
-            AppendUtf8(out, unit);
+            to = PutUtf8(to, unit);
         }
     }
+    out.resize(static_cast<std::size_t>(to - out.data()));
     return out;
 }
 
-std::u16string FromUtf8(std::string_view bytes) {
+std::u16string FromUtf8(std::string_view bytes, std::size_t* replaced) {
     std::u16string out;
-    out.reserve(bytes.size());
+    AppendFromUtf8(out, bytes, replaced);
+    return out;
+}
+
+void AppendFromUtf8(std::u16string& out, std::string_view bytes, std::size_t* replaced) {
+    const std::size_t before = out.size();
+    out.resize(before + bytes.size());  // no byte becomes more than one unit
+    char16_t* to = out.data() + before;
     const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
     for (std::size_t i = 0; i < bytes.size();) {
+        const std::size_t ascii = AsciiPrefix(bytes.substr(i));
+        to = std::copy_n(bytes.data() + i, ascii, to);
+        i += ascii;
+        if (i == bytes.size()) break;
         const unsigned char lead = byteAt(i);
-        const std::size_t length = lead < 0x80   ? 1
-                                   : lead < 0xC2 ? 0
-                                   : lead < 0xE0 ? 2
-                                   : lead < 0xF0 ? 3
-                                   : lead < 0xF5 ? 4
-                                                 : 0;
-        char32_t code = length == 1 ? lead : length != 0 ? lead & (0x7FU >> length) : 0;
+        const std::size_t length = lead < 0xC2 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 0;
+        char32_t code = length != 0 ? lead & (0x7FU >> length) : 0;
         bool good = length != 0 && i + length <= bytes.size();
         for (std::size_t k = 1; good && k < length; ++k) {
             good = (byteAt(i + k) & 0xC0) == 0x80;
@@ -128,19 +134,20 @@ std::u16string FromUtf8(std::string_view bytes) {
         constexpr char32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
         good = good && code >= kSmallest[length] && code <= 0x10FFFF && !(code >= 0xD800 && code < 0xE000);
         if (!good) {
-            out.push_back(kReplacement);
+            *to++ = kReplacement;
+            if (replaced != nullptr) ++*replaced;
             ++i;
             continue;
         }
         if (code >= 0x10000) {
-            out.push_back(static_cast<char16_t>(0xD800 + ((code - 0x10000) >> 10)));
-            out.push_back(static_cast<char16_t>(0xDC00 + ((code - 0x10000) & 0x3FF)));
+            *to++ = static_cast<char16_t>(0xD800 + ((code - 0x10000) >> 10));
+            *to++ = static_cast<char16_t>(0xDC00 + ((code - 0x10000) & 0x3FF));
         } else {
-            out.push_back(static_cast<char16_t>(code));
+            *to++ = static_cast<char16_t>(code);
         }
         i += length;
     }
-    return out;
+    out.resize(static_cast<std::size_t>(to - out.data()));
 }
 
 bool IsWellFormed(std::u16string_view text) {

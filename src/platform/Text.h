@@ -1,18 +1,29 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 /// What the formats need of 16-bit text, told once. Text is a sequence of UTF-16 code units (Unicode, chapter 3.9);
 /// nothing here demands that surrogate halves come in pairs.
 namespace orvale {
 
+// What the two below ask for units beyond ASCII.
+bool IsSpaceBeyondAscii(char16_t unit);
+char16_t ToLowerBeyondAscii(char16_t unit);
+
 /// Whether a unit is white space in Unicode's classification, whatever the locale of the process.
-bool IsSpace(char16_t unit);
+inline bool IsSpace(char16_t unit) {
+    return unit < 0x80 ? unit == u' ' || (unit >= u'\t' && unit <= u'\r') : IsSpaceBeyondAscii(unit);
+}
 
 /// The unit in lower case by Unicode's classification, whatever the locale of the process.
-char16_t ToLower(char16_t unit);
+inline char16_t ToLower(char16_t unit) {
+    if (unit >= 0x80) return ToLowerBeyondAscii(unit);
+    return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
+}
 
 /// The text without the white space at both ends. The view shares the text's storage.
 std::u16string_view Trim(std::u16string_view text);
@@ -30,11 +41,31 @@ std::u16string Replace(std::u16string_view text, std::u16string_view from, std::
 /// -1. 0 where there is no digit.
 std::int32_t ToNumber(std::u16string_view text);
 
-/// UTF-8 of a text. A surrogate half that stands alone becomes U+FFFD; `replaced`, if given, is raised by one for each.
-std::string ToUtf8(std::u16string_view text, std::size_t* replaced = nullptr);
+/// UTF-8 of a text. A surrogate half that stands alone becomes `replacement`; `replaced`, if given, is raised by one
+/// for each.
+std::string ToUtf8(std::u16string_view text, std::size_t* replaced = nullptr, char16_t replacement = 0xFFFD);
 
-/// Text of UTF-8. Each byte that is part of no character becomes U+FFFD.
-std::u16string FromUtf8(std::string_view bytes);
+/// Text of UTF-8. Each byte that is part of no character becomes U+FFFD; `replaced`, if given, is raised by one for
+/// each.
+std::u16string FromUtf8(std::string_view bytes, std::size_t* replaced = nullptr);
+
+/// The same, behind what `out` holds.
+void AppendFromUtf8(std::u16string& out, std::string_view bytes, std::size_t* replaced = nullptr);
+
+/// How many bytes or units at the front of a text are ASCII.
+template <class Unit>
+std::size_t AsciiPrefix(std::basic_string_view<Unit> text) {
+    constexpr std::size_t kStep = sizeof(std::uint64_t) / sizeof(Unit);
+    constexpr std::uint64_t kBeyond = sizeof(Unit) == 1 ? 0x8080808080808080 : 0xFF80FF80FF80FF80;
+    std::size_t count = 0;
+    for (std::uint64_t units = 0; count + kStep <= text.size(); count += kStep) {
+        std::memcpy(&units, text.data() + count, sizeof units);
+        if ((units & kBeyond) != 0) break;
+    }
+    while (count < text.size() && static_cast<std::make_unsigned_t<Unit>>(text[count]) < 0x80)
+        ++count;
+    return count;
+}
 
 /// Whether every surrogate half of the text is part of a pair.
 bool IsWellFormed(std::u16string_view text);
