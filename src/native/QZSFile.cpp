@@ -44,8 +44,8 @@ std::int32_t CQZSFile::Read(void** record) {
     return Operation(*this, u"ORVALE - CQZSFile::Read").Run([&] {
         Require(IsOpened() && record != nullptr);
         *record = &contact_;
-        contact_.Clear();
-        orvale::RecordReader reader(*this);
+        stock_.Clear(contact_);
+        orvale::RecordReader reader(*this, &stock_);
         VisitContact(reader, contact_);
         orvale::LogContact(&contact_);
     });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "frame/FieldStock.h"
 #include "frame/FileObject.h"
 #include "native/NativeHeader.h"
 #include "records/ContactItem.h"
@@ -24,4 +25,5 @@ class CQZSFile : public CFileObject {
  private:
     orvale::NativeHeader header_;
     CContactItem contact_;
+    orvale::FieldStock stock_;
 };

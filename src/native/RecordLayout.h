@@ -4,8 +4,10 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <vector>
 
+#include "frame/FieldStock.h"
 #include "frame/FileObject.h"
 #include "frame/Operation.h"
 #include "records/CalendarItem.h"
@@ -25,7 +27,8 @@ enum class NullEntries { kCounted, kLeftOut };
 /// Reads what a Visit function names. Where a primitive fails, the operation does; what was read before stays.
 class RecordReader {
  public:
-    explicit RecordReader(CFileObject& file) : file_(file) {}
+    /// With a stock, contact fields are taken from it.
+    explicit RecordReader(CFileObject& file, FieldStock* stock = nullptr) : file_(file), stock_(stock) {}
 
     void Int(std::int32_t& value) { Require(file_.ReadInt(&value) != 0); }
     void Long(std::int32_t& value) { Require(file_.ReadLong(&value) != 0); }
@@ -49,7 +52,7 @@ class RecordReader {
     void List(std::vector<std::unique_ptr<T>>& list, NullEntries, Visit visit) {
         std::int32_t left = 0;
         for (Int(left); left > 0; --left) {
-            auto item = std::make_unique<T>();
+            auto item = New<T>();
             visit(*item);
             list.push_back(std::move(item));
         }
@@ -79,7 +82,15 @@ class RecordReader {
     }
 
  private:
+    template <class T>
+    std::unique_ptr<T> New() {
+        if constexpr (std::is_same_v<T, CContactField>)
+            if (stock_ != nullptr) return stock_->Take();
+        return std::make_unique<T>();
+    }
+
     CFileObject& file_;
+    FieldStock* stock_;
 };
 
 /// Writes what a Visit function names.

@@ -22,7 +22,18 @@ CContactField& CContactField::operator=(const CContactField& other) {
 }
 
 void CContactField::Clear() {
-    *this = CContactField();
+    reservedFlags = 0;
+    Type = 0;
+    Data.clear();
+    std::fill(std::begin(attributes), std::end(attributes), -1);
+    firstText.clear();
+    firstNumber = -1;
+    secondText.clear();
+    extraNumber = 0;
+    extraText.clear();
+    groups.Clear();
+    thirdText.clear();
+    secondNumber = -1;
 }
 
 CContactItem& CContactItem::operator=(const CContactItem& other) {
