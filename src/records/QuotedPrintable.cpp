@@ -1,7 +1,5 @@
 #include "records/QuotedPrintable.h"
 
-#include <algorithm>
-
 #include "platform/Text.h"
 
 namespace orvale {
@@ -11,6 +9,15 @@ void AppendEscape(std::string& out, char byte) {
     constexpr char kDigits[] = "0123456789ABCDEF";
     const auto value = static_cast<unsigned char>(byte);
     out += {'=', kDigits[value >> 4], kDigits[value & 15]};
+}
+
+// Looks at all units, with no way out at the first, so that it takes many at a time.
+template <class Test>
+bool HasAny(std::u16string_view text, Test test) {
+    char16_t found = 0;
+    for (const char16_t unit : text)
+        found |= static_cast<char16_t>(test(unit));
+    return found != 0;
 }
 
 }  // namespace
@@ -40,6 +47,14 @@ std::u16string EncodeQuotedPrintable(std::u16string_view text, TextConverter& co
     return converter.ToWide(out);
 }
 
+// All values go through the code page, decoded or not, so that what it lacks is replaced in each. A page that holds all
+// lacks no more than halves of surrogate pairs; a pair takes that road for nothing.
+bool NeedsDecoding(std::u16string_view text, const TextConverter& converter) {
+    if (HasAny(text, [](char16_t unit) { return unit == u'=' || unit == u'\0'; })) return true;
+    return converter.Page().HoldsAll() ? HasAny(text, [](char16_t unit) { return (unit & 0xF800) == 0xD800; })
+                                       : HasAny(text, [](char16_t unit) { return unit >= 0x80; });
+}
+
 std::string QuotedPrintableBytes(std::u16string_view text, TextConverter& converter) {
     const std::string bytes = converter.ToNarrow(Replace(text, u"==", u"="));
     std::string out;
@@ -56,9 +71,7 @@ std::string QuotedPrintableBytes(std::u16string_view text, TextConverter& conver
 }
 
 std::u16string DecodeQuotedPrintable(std::u16string_view text, TextConverter& converter) {
-    // Most values are ASCII with nothing to decode, and come back from the code page as they went.
-    const auto goesThrough = [](char16_t unit) { return unit != u'=' && unit != 0 && unit < 0x80; };
-    if (std::all_of(text.begin(), text.end(), goesThrough)) return std::u16string(text);
+    if (!NeedsDecoding(text, converter)) return std::u16string(text);
     return converter.ToWide(QuotedPrintableBytes(text, converter));
 }
 

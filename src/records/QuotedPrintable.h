@@ -19,6 +19,9 @@ std::u16string DecodeQuotedPrintable(std::u16string_view text, TextConverter& co
 /// The bytes of the text that DecodeQuotedPrintable makes, before the code page takes them as characters.
 std::string QuotedPrintableBytes(std::u16string_view text, TextConverter& converter);
 
+/// Whether decoding could change a text; of most values it couldn't.
+bool NeedsDecoding(std::u16string_view text, const TextConverter& converter);
+
 /// The value of a hexadecimal digit; of anything else 0.
 int HexDigitValue(char digit);
 

@@ -97,9 +97,10 @@ std::int32_t CCSVFile::Verify() {
 
 std::int32_t CCSVFile::ReadString(std::u16string* text) try {
     if (text == nullptr || !IsOpened()) return 0;
-    if (orvale::ReadLine(*this, kLineBuffer, lineBytes_) != orvale::LineResult::kLine) return 0;
-    if (lineBytes_.size() == kLineBuffer) return 0;
-    *text = ToWide(lineBytes_);
+    std::string_view line;
+    if (orvale::ReadLine(*this, kLineBuffer, lineBytes_, line) != orvale::LineResult::kLine) return 0;
+    if (line.size() == kLineBuffer) return 0;
+    *text = ToWide(line);
     return 1;
 } catch (const std::exception&) {
     return 0;

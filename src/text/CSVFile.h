@@ -61,5 +61,5 @@ class CCSVFile : public CFileObject {
     orvale::CSVColumns profile_;
     std::vector<FileColumn> columns_;  // of the file, as its first line has them
     CContactItem contact_;
-    std::string lineBytes_;  // of the line that ReadString read last: kept for its memory
+    std::string lineBytes_;  // of the line that ReadString read last, where they aren't in the file's buffer
 };

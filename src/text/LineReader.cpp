@@ -5,18 +5,21 @@
 
 namespace orvale {
 
-LineResult ReadLine(CFile& file, std::size_t limit, std::string& line) {
-    line.clear();
+LineResult ReadLine(CFile& file, std::size_t limit, std::string& store, std::string_view& line) {
+    store.clear();
     for (std::string_view ahead = file.Ahead(); !ahead.empty(); ahead = file.Ahead()) {
-        ahead = ahead.substr(0, limit - line.size());
+        ahead = ahead.substr(0, limit - store.size());
         const std::size_t feed = ahead.find('\n');
         const std::size_t taken = feed == std::string_view::npos ? ahead.size() : feed + 1;
-        line.append(ahead.substr(0, taken));
+        line = ahead.substr(0, taken);
         file.Skip(taken);
-        if (line.ends_with("\r\n")) return LineResult::kLine;
-        if (line.size() == limit) return file.AtEnd() ? LineResult::kLine : LineResult::kTooLong;
+        if (store.empty() && line.ends_with("\r\n")) return LineResult::kLine;
+        store.append(line);
+        line = store;
+        if (store.ends_with("\r\n")) return LineResult::kLine;
+        if (store.size() == limit) return file.AtEnd() ? LineResult::kLine : LineResult::kTooLong;
     }
-    return line.empty() ? LineResult::kEnd : LineResult::kLine;
+    return store.empty() ? LineResult::kEnd : LineResult::kLine;
 }
 
 }  // namespace orvale

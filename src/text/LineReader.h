@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 #include "platform/File.h"
 
@@ -15,7 +16,8 @@ enum class LineResult {
 };
 
 /// Reads the bytes of a line that ends in CR LF or with the file, at most `limit` of them with their line end. A CR or
-/// a LF alone ends no line. The bytes are put in place of what `line` held, also where the line is too long.
-LineResult ReadLine(CFile& file, std::size_t limit, std::string& line);
+/// a LF alone ends no line. `line` is good until the next operation on the file: it shows the file's buffer, or `store`
+/// where the line lies in no one piece there.
+LineResult ReadLine(CFile& file, std::size_t limit, std::string& store, std::string_view& line);
 
 }  // namespace orvale

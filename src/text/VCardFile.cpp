@@ -4,9 +4,11 @@
 #include <iterator>
 
 #include "frame/Operation.h"
+#include "frame/ParseString.h"
 #include "frame/RecordLog.h"
 #include "platform/Format.h"
 #include "platform/Text.h"
+#include "records/QuotedPrintable.h"
 #include "records/VCardKeys.h"
 #include "text/LineReader.h"
 
@@ -14,6 +16,7 @@ using orvale::AddProperty;
 using orvale::EqualsNoCase;
 using orvale::Operation;
 using orvale::Require;
+using orvale::TakeToken;
 using orvale::Trim;
 
 namespace {
@@ -68,6 +71,7 @@ CVCardFile::~CVCardFile() {
 
 void CVCardFile::Close() {
     contact_.Clear();
+    card_ = {};
     orvale::LogText(u"ORVALE - CVCardFile::Close : Begin/Finish\r\n");
     CloseStream();
 }
@@ -87,10 +91,8 @@ std::int32_t CVCardFile::Read(void** record) {
     const std::int32_t ready = operation.Run([&] {
         Require(IsOpened() && record != nullptr);
         *record = &contact_;
-        contact_.Clear();
-        std::u16string text;
-        VCardPropertyList list;
-        gotCard = ReadCard(text) != 0 && ParseCard(text, list) != 0 && BuildContact(&contact_, list) != 0;
+        stock_.Clear(contact_);
+        gotCard = ReadCard(card_) != 0 && ParseCard(card_) != 0 && BuildContact(card_) != 0;
         // Running out of cards is the common end of a file: its only line in the log is Begin.
         if (gotCard)
             orvale::LogContact(&contact_);
@@ -102,107 +104,102 @@ std::int32_t CVCardFile::Read(void** record) {
 
 std::int32_t CVCardFile::ReadString(std::u16string* text) {
     if (text == nullptr || !IsOpened()) return 0;
-    if (orvale::ReadLine(*this, kLongestLine, lineBytes_) != orvale::LineResult::kLine) return 0;
-    *text = ToWide(lineBytes_);
+    std::string_view line;
+    if (orvale::ReadLine(*this, kLongestLine, lineBytes_, line) != orvale::LineResult::kLine) return 0;
+    text->clear();
+    Converter().AppendWide(line, *text);
     return 1;
 }
 
-std::int32_t CVCardFile::ReadCard(std::u16string& text) try {
-    std::u16string line;
+std::int32_t CVCardFile::ReadCard(CardText& card) try {
+    card.lines.clear();
+    card.starts.clear();
     for (const std::u16string_view head : {kCardBegin, kVersion}) {
         do {
-            if (ReadString(&line) == 0) return 0;
-        } while (!EqualsNoCase(Trim(line), head));
+            if (ReadString(&line_) == 0) return 0;
+        } while (!EqualsNoCase(Trim(line_), head));
     }
     for (;;) {
-        if (ReadString(&line) == 0) return 0;
-        const std::u16string_view trimmed = Trim(line);
+        if (ReadString(&line_) == 0) return 0;
+        const std::u16string_view trimmed = Trim(line_);
         if (EqualsNoCase(trimmed, kCardEnd)) return 1;
-        text.append(trimmed).append(kLineEnd);
+        if (card.starts.empty() || trimmed.find(u':') != std::u16string_view::npos)
+            card.starts.push_back(card.lines.size());
+        card.lines.append(trimmed);
     }
 } catch (const std::exception&) {
     return 0;
 }
 
-std::int32_t CVCardFile::ParseCard(std::u16string_view text, VCardPropertyList& list) try {
-    CParseString rest;
-    rest = text;
+std::int32_t CVCardFile::ParseCard(const CardText& card) try {
     Counters counters;
-    while (!rest.IsEmpty()) {
-        const std::u16string line = GetLogicalLine(rest);
-        if (ParseProperty(line, list, counters) == 0 && !list.empty()) list.back().value += line;
+    for (std::size_t i = 0; i < card.starts.size(); ++i) {
+        const std::u16string_view line = card.Line(i);
+        if (ParseProperty(line, counters) == 0 && !contact_.fields.empty()) contact_.fields.back()->Data += line;
     }
     return 1;
 } catch (const std::exception&) {
     return 0;
 }
 
-// A line and those behind it that hold no colon, joined with nothing between.
-std::u16string CVCardFile::GetLogicalLine(CParseString& text) {
-    std::u16string line = text.GetNextToken(kLineEnd);
-    while (!text.IsEmpty()) {
-        const std::u16string_view next = text.Remaining().substr(0, text.Remaining().find(kLineEnd));
-        if (next.find(u':') != std::u16string_view::npos) break;
-        line += next;
-        text.GetNextToken(kLineEnd);
-    }
-    return line;
-}
-
-std::int32_t CVCardFile::ParseProperty(std::u16string_view line, VCardPropertyList& list, Counters& counters) {
+std::int32_t CVCardFile::ParseProperty(std::u16string_view line, Counters& counters) {
     std::u16string_view rest = line;
-    const std::u16string_view key = Trim(orvale::TakeToken(rest, u":"));
+    const std::u16string_view key = Trim(TakeToken(rest, u":"));
     const std::int32_t id = key.empty() ? orvale::PROPERTY_UNKNOWN : orvale::GetPropertyId(key);
-    const auto addPart = [&](std::int32_t partId) { AddProperty(orvale::TakeToken(rest, u";"), partId, list); };
+    const auto addPart = [&](std::int32_t partId) { AddValue(TakeToken(rest, u";"), partId); };
 
     if (id == orvale::PROPERTY_UNKNOWN) return 0;
     if (id == orvale::PROPERTY_IGNORED) return 1;
     if (id == orvale::kVCardName) {
         for (const std::int32_t part : {CF_FAMILY_NAME, CF_GIVEN_NAME, CF_MIDDLE_NAME, CF_NAME_PREFIX})
             addPart(part);
-        AddProperty(rest, CF_NAME_SUFFIX, list);
+        AddValue(rest, CF_NAME_SUFFIX);
     } else if (id == orvale::kVCardWorkPhone) {
-        AddProperty(rest, counters.workPhones++ == 0 ? CF_TEL_WORK_VOICE : CF_TEL_WORK_VOICE_2, list);
+        AddValue(rest, counters.workPhones++ == 0 ? CF_TEL_WORK_VOICE : CF_TEL_WORK_VOICE_2);
     } else if (id == orvale::kVCardEmail) {
-        AddProperty(rest, CF_EMAIL_2 + counters.emails++, list);
+        AddValue(rest, CF_EMAIL_2 + counters.emails++);
     } else if (const Address* address = FindAddress(id, &Address::key)) {
         orvale::LogFormat(u"%s********\r\n", rest);
-        AddProperty(rest, address->whole, list);
-        orvale::TakeToken(rest, u";");  // the post office box, for which no phone has a field
-        const std::u16string_view extended = orvale::TakeToken(rest, u";");
-        std::u16string street(orvale::TakeToken(rest, u";"));
+        AddValue(rest, address->whole);
+        TakeToken(rest, u";");  // the post office box, for which no phone has a field
+        const std::u16string_view extended = TakeToken(rest, u";");
+        std::u16string street(TakeToken(rest, u";"));
         if (address->extended != 0)
-            AddProperty(extended, address->extended, list);
+            AddValue(extended, address->extended);
         else if (!extended.empty())
             street = std::u16string(extended) + u" " + street;
-        AddProperty(street, address->street, list);
+        AddValue(street, address->street);
         addPart(address->city);
-        const std::u16string_view region = orvale::TakeToken(rest, u";");
-        AddProperty(region, address->region, list);
-        AddProperty(region, address->region2, list);
+        const std::u16string_view region = TakeToken(rest, u";");
+        AddValue(region, address->region);
+        AddValue(region, address->region2);
         addPart(address->postcode);
-        AddProperty(rest, address->country, list);
+        AddValue(rest, address->country);
     } else {
-        AddProperty(rest, id, list);
+        AddValue(rest, id);
     }
     return 1;
 }
 
+void CVCardFile::AddValue(std::u16string_view value, std::int32_t type) {
+    if (value.empty()) return;
+    contact_.fields.push_back(stock_.Take());
+    contact_.fields.back()->Type = type;
+    contact_.fields.back()->Data = value;
+}
+
 // Every value is decoded, whatever its key says of an encoding.
-std::int32_t CVCardFile::BuildContact(CContactItem* contact, const VCardPropertyList& list) try {
-    if (contact == nullptr) return 0;
-    const auto add = [&](std::int32_t type, std::u16string data) {
-        auto field = std::make_unique<CContactField>();
-        field->Type = type;
-        field->Data = std::move(data);
-        contact->fields.push_back(std::move(field));
-    };
+std::int32_t CVCardFile::BuildContact(const CardText& card) try {
     bool named = false;
-    for (const VCardProperty& property : list) {
-        add(property.id, DecodeQuotedPrintable(property.value.c_str()));
-        named = named || IsNameType(property.id);
+    const bool isPlain = !orvale::NeedsDecoding(card.lines, Converter());
+    for (const auto& field : contact_.fields) {
+        if (!isPlain && orvale::NeedsDecoding(field->Data, Converter()))
+            field->Data = DecodeQuotedPrintable(field->Data.c_str());
+        named = named || IsNameType(field->Type);
     }
-    if (!named) add(CF_FULL_NAME, {});  // a contact always has a name
+    if (named) return 1;
+    contact_.fields.push_back(stock_.Take());  // a contact always has a name
+    contact_.fields.back()->Type = CF_FULL_NAME;
     return 1;
 } catch (const std::exception&) {
     return 0;
@@ -212,11 +209,15 @@ std::int32_t CVCardFile::BuildContact(CContactItem* contact, const VCardProperty
 
 namespace {
 
+// A zero ends a field's text: it must not end the card.
+std::u16string_view TextOf(const CContactField& field) {
+    return std::u16string_view(field.Data).substr(0, field.Data.find(u'\0'));
+}
+
 std::u16string_view GetFieldText(std::int32_t type, const CContactItem& contact) {
     std::int32_t index = 0;
     const CContactField* const field = contact.FindField(type, index);
-    if (field == nullptr) return {};
-    return std::u16string_view(field->Data).substr(0, field->Data.find(u'\0'));  // a zero ends a text
+    return field != nullptr ? TextOf(*field) : std::u16string_view();
 }
 
 bool HasField(std::int32_t type, const CContactItem& contact) {
@@ -307,17 +308,18 @@ std::int32_t CVCardFile::MapContact(const CContactItem* contact, VCardPropertyLi
     for (const auto& field : contact->fields) {
         if (!field || IsComposed(field->Type)) continue;
         const std::int32_t type = field->Type;
+        const std::u16string_view data = TextOf(*field);
         if (type == CF_TEL_WORK_VOICE || type == CF_TEL_WORK_VOICE_2) {
-            AddProperty(field->Data, orvale::kVCardWorkPhone, list);
+            AddProperty(data, orvale::kVCardWorkPhone, list);
         } else if (type == CF_EMAIL_PREF || type == CF_EMAIL_2 || type == CF_EMAIL_3) {
-            AddProperty(field->Data, hasEmail ? orvale::kVCardEmail : CF_EMAIL_PREF, list);
+            AddProperty(data, hasEmail ? orvale::kVCardEmail : CF_EMAIL_PREF, list);
             hasEmail = true;
         } else if (const Address* address = FindAddress(type, &Address::whole)) {
             const std::size_t before = list.size();
-            AddProperty(field->Data, address->key, list);
+            AddProperty(data, address->key, list);
             if (list.size() > before) wholeAddress[address - kAddresses] = before;
         } else {
-            AddProperty(field->Data, type, list);
+            AddProperty(data, type, list);
         }
     }
     for (std::size_t i = 0; i < std::size(kAddresses); ++i) {
@@ -351,6 +353,7 @@ std::int32_t CVCardFile::ComposeCard(std::u16string& text, const VCardPropertyLi
 
 std::int32_t CVCardFile::WriteCard(std::u16string_view text) {
     const std::string bytes = ToNarrow(text);
+    Require(bytes.size() <= UINT32_MAX, "more than one write can take");
     CFile::Write(bytes.data(), static_cast<std::uint32_t>(bytes.size()));
     return 1;
 }

@@ -4,12 +4,12 @@
 #include <string>
 #include <string_view>
 
+#include "frame/FieldStock.h"
 #include "frame/FileObject.h"
-#include "frame/ParseString.h"
 #include "records/ContactItem.h"
 #include "text/PropertyList.h"
 
-using VCardProperty = orvale::TextProperty;  // on the reader's side its id is a contact field type id
+using VCardProperty = orvale::TextProperty;
 using VCardPropertyList = orvale::TextPropertyList;
 
 /// vCard 2.1 (the Internet Mail Consortium's, 18 September 1996) as the phones of the time kept to it: any number of
@@ -34,18 +34,30 @@ class CVCardFile : public CFileObject {
     std::int32_t ReadString(std::u16string* text) override;
 
  private:
+    /// A card between its version and its end: its logical lines one behind the other, and where each starts. A line
+    /// that holds no colon continues the one before it.
+    struct CardText {
+        std::u16string lines;
+        std::vector<std::size_t> starts;
+
+        std::u16string_view Line(std::size_t i) const {
+            const std::size_t end = i + 1 < starts.size() ? starts[i + 1] : lines.size();
+            return std::u16string_view(lines).substr(starts[i], end - starts[i]);
+        }
+    };
+
     /// How often the repeated keys of a card occurred. A key counts also where its value is empty.
     struct Counters {
         std::int32_t workPhones = 0;
         std::int32_t emails = 0;
     };
 
-    // Reading: from the file to a card's text, to its properties, to the contact.
-    std::int32_t ReadCard(std::u16string& text);
-    std::int32_t ParseCard(std::u16string_view text, VCardPropertyList& list);
-    std::u16string GetLogicalLine(CParseString& text);
-    std::int32_t ParseProperty(std::u16string_view line, VCardPropertyList& list, Counters& counters);
-    std::int32_t BuildContact(CContactItem* contact, const VCardPropertyList& list);
+    // Reading: from the file to a card's logical lines, to values in their file form, to the contact.
+    std::int32_t ReadCard(CardText& card);
+    std::int32_t ParseCard(const CardText& card);
+    std::int32_t ParseProperty(std::u16string_view line, Counters& counters);
+    void AddValue(std::u16string_view value, std::int32_t type);
+    std::int32_t BuildContact(const CardText& card);
 
     // Writing: the same three stages backwards.
     std::int32_t MapContact(const CContactItem* contact, VCardPropertyList& list);
@@ -53,5 +65,8 @@ class CVCardFile : public CFileObject {
     std::int32_t WriteCard(std::u16string_view text);
 
     CContactItem contact_;
-    std::string lineBytes_;  // of the line that ReadString read last: kept for its memory
+    orvale::FieldStock stock_;
+    CardText card_;  // of the card that is being read; this and the lines below are kept for their memory
+    std::u16string line_;
+    std::string lineBytes_;  // of the line that ReadString read last, where they aren't in the file's buffer
 };
