@@ -50,7 +50,8 @@ TEST_F(VCardReader, LinesToValues) {
         {"N:;;;Dr\n", "4010=Dr|5="},  // a prefix is no name
         {"TEL;CELL;VOICE:1\nNICKNAME:x\n", "104=1|4005=x|5="},
         {"FN:A\nTEL;WORK;VOICE:1\nTEL;WORK;VOICE:2\nTEL;WORK;VOICE:3\n", "5=A|100=1|101=2|101=3"},
-        {"FN:A\nTEL;WORK;VOICE:\nTEL;WORK;VOICE:2\n", "5=A|101=2"},  // an empty one counts
+        {"FN:A\nTEL;WORK;VOICE:\nTEL;WORK;VOICE:2\n", "5=A|101=2"},  // an empty one counts,
+        {"TEL;WORK;VOICE\nTEL;WORK;VOICE:2\nFN:A\n", "101=2|5=A"},   // without a colon too, where no line is before
         {"FN:A\nEMAIL;INTERNET:1\nEMAIL;PREF;INTERNET:p\nEMAIL;INTERNET:2\nEMAIL;INTERNET:3\nEMAIL;PREF;INTERNET:q\n",
          "5=A|1001=1|1000=p|1002=2|1003=3|1000=q"},
         {"FN:A\ntel;cell;voice:1\n", "5=A|104=1"},
