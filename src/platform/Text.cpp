@@ -49,14 +49,6 @@ char16_t ToLowerBeyondAscii(char16_t unit) {
     return locale != nullptr ? static_cast<char16_t>(towlower_l(unit, locale)) : unit;
 }
 
-std::u16string_view Trim(std::u16string_view text) {
-    while (!text.empty() && IsSpace(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && IsSpace(text.back()))
-        text.remove_suffix(1);
-    return text;
-}
-
 bool EqualsNoCase(std::u16string_view a, std::u16string_view b) {
     return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char16_t x, char16_t y) {
                return x == y || ToLower(x) == ToLower(y);

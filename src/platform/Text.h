@@ -26,7 +26,13 @@ inline char16_t ToLower(char16_t unit) {
 }
 
 /// The text without the white space at both ends. The view shares the text's storage.
-std::u16string_view Trim(std::u16string_view text);
+inline std::u16string_view Trim(std::u16string_view text) {
+    while (!text.empty() && IsSpace(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && IsSpace(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
 
 /// Whether two texts are equal without regard to case, unit by unit.
 bool EqualsNoCase(std::u16string_view a, std::u16string_view b);

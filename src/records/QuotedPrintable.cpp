@@ -50,9 +50,9 @@ std::u16string EncodeQuotedPrintable(std::u16string_view text, TextConverter& co
 // All values go through the code page, decoded or not, so that what it lacks is replaced in each. A page that holds all
 // lacks no more than halves of surrogate pairs; a pair takes that road for nothing.
 bool NeedsDecoding(std::u16string_view text, const TextConverter& converter) {
-    if (HasAny(text, [](char16_t unit) { return unit == u'=' || unit == u'\0'; })) return true;
-    return converter.Page().HoldsAll() ? HasAny(text, [](char16_t unit) { return (unit & 0xF800) == 0xD800; })
-                                       : HasAny(text, [](char16_t unit) { return unit >= 0x80; });
+    const auto isCode = [](char16_t unit) { return unit == u'=' || unit == u'\0'; };
+    if (!converter.Page().HoldsAll()) return HasAny(text, [&](char16_t unit) { return isCode(unit) || unit >= 0x80; });
+    return HasAny(text, [&](char16_t unit) { return isCode(unit) || (unit & 0xF800) == 0xD800; });
 }
 
 std::string QuotedPrintableBytes(std::u16string_view text, TextConverter& converter) {

@@ -1,6 +1,7 @@
 #include "records/VCardKeys.h"
 
-#include <unordered_map>
+#include <array>
+#include <vector>
 
 #include "platform/Text.h"
 #include "records/ContactFieldTypes.h"
@@ -63,37 +64,28 @@ constexpr VCardPropertyRow kVCardProperties[] = {
     {u"TITLE", CF_TITLE},
 };
 
-struct HashNoCase {
-    std::size_t operator()(std::u16string_view key) const {
-        std::size_t hash = 0;
-        for (const char16_t unit : key)
-            hash = hash * 31 + ToLower(unit);
-        return hash;
-    }
-};
+// The rows by the length of their keys, in the table's order: every line of a card asks for one, and most keys of one
+// length part at their fifth unit.
+using RowsByLength = std::array<std::vector<VCardPropertyRow>, 40>;
 
-struct EqualNoCase {
-    bool operator()(std::u16string_view a, std::u16string_view b) const { return EqualsNoCase(a, b); }
-};
-
-using IdsByKey = std::unordered_map<std::u16string_view, std::int32_t, HashNoCase, EqualNoCase>;
-
-// The id of each key's first row: every line of a card asks for one.
-const IdsByKey& FirstIds() {
-    static const IdsByKey ids = [] {
-        IdsByKey map;
+const RowsByLength& Rows() {
+    static const RowsByLength rows = [] {
+        RowsByLength table;
         for (const VCardPropertyRow& row : kVCardProperties)
-            map.emplace(row.key, row.id);
-        return map;
+            table.at(row.key.size()).push_back(row);
+        return table;
     }();
-    return ids;
+    return rows;
 }
 
 }  // namespace
 
 std::int32_t GetPropertyId(std::u16string_view key) {
-    const auto found = FirstIds().find(key);
-    return found != FirstIds().end() ? found->second : PROPERTY_UNKNOWN;
+    const RowsByLength& rows = Rows();
+    if (key.size() >= rows.size()) return PROPERTY_UNKNOWN;
+    for (const VCardPropertyRow& row : rows[key.size()])
+        if (EqualsNoCase(row.key, key)) return row.id;
+    return PROPERTY_UNKNOWN;
 }
 
 std::u16string_view GetPropertyKey(std::int32_t id) {
