@@ -28,4 +28,5 @@ show "The contacts in it, the first one here" "orvale show contacts.qzs | sed -n
 show "The same as a JSON document, its first lines" "orvale show --json contacts.qzs | sed -n 1,24p"
 show "And back to a vCard, with what a vCard can't hold as it was" "orvale convert contacts.qzs back.vcf"
 show "Its first card" "sed '/^END/q' back.vcf"
+show "On into the suite document, which explains itself" "orvale convert contacts.qzs phonebook.xml && sed -n 1,24p phonebook.xml"
 show "A calendar" "orvale show samples/calendar.cal"
