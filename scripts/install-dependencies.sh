@@ -13,7 +13,7 @@ packages=(
 )
 case "$#:${1-}" in
     0:) ;;
-    1:--checks) packages+=(clang clang-format clang-tidy) ;;
+    1:--checks) packages+=(clang clang-format) ;;
     1:-h | 1:--help) echo "$usage"; exit 0 ;;
     *) echo "$usage" >&2; exit 2 ;;
 esac
