@@ -6,6 +6,9 @@ target_compile_options(orvale_options INTERFACE -Wall -Wextra -Wpedantic -Wshado
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     target_compile_options(orvale_options INTERFACE -Wno-restrict)
 endif()
+if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+    target_compile_options(orvale_options INTERFACE -Wno-sign-conversion)  # g++ leaves it out of -Wconversion
+endif()
 if(ORVALE_WERROR)
     target_compile_options(orvale_options INTERFACE -Werror)
 endif()

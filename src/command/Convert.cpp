@@ -1,6 +1,7 @@
 #include "command/Convert.h"
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 
 #include "command/Flatten.h"
@@ -9,7 +10,7 @@
 #include "command/LossReport.h"
 #include "command/Profiles.h"
 #include "command/RecordOutput.h"
-#include "command/VCardScan.h"
+#include "command/TextScan.h"
 #include "command/json/ProfileJson.h"
 #include "platform/Clock.h"
 #include "platform/CodePage.h"
@@ -50,25 +51,34 @@ void AddScan(LossReport& report, const InputName& input, std::optional<std::uint
             report.AddLoss("column '" + Quote(ToUtf8(caption)) + "', which nobody knows; --profile can tell what it is",
                            1, input.name);
     }
-    if (input.format->type != FileFormat::kVCard) return;
-    const VCardScan scan = ScanVCard(input.name, brokenAt.value_or(UINT64_MAX));
-    const auto add = [&](const std::string& what, const VCardScan::Finding& finding) {
+    const bool isVCard = input.format->type == FileFormat::kVCard;
+    if (!isVCard && input.format->type != FileFormat::kVCalendar) return;
+    const TextScan scan = isVCard ? ScanVCard(input.name, brokenAt.value_or(UINT64_MAX)) : ScanVCalendar(input.name);
+    const auto add = [&](const std::string& what, const TextScan::Finding& finding) {
         if (finding.count == 0) return;
         report.AddLoss(what, finding.count, input.name + ", line " + std::to_string(finding.firstLine));
     };
     add("lines with an unknown key, which joined the value before them", scan.joinedLines);
     add("lines that belong to no value, which were dropped", scan.droppedLines);
     add("lines outside of cards of version 2.1", scan.skippedLines);
+    add("entries behind the first, which became one with it", scan.furtherEntries);
     add("ends of values behind a zero byte", scan.cutValues);
     add("bytes that code page " + std::to_string(ThreadCodePage().number) + " doesn't have", scan.badBytes);
 }
 
-// A reader puts the moment of reading in place of a date that it can't read, and marks the entry: the second reading
-// gives another moment, which is no difference.
+// A reader of text puts the moment of reading in place of a date that it can't read, and marks the entry: the second
+// reading gives another moment, which is no difference.
+void Settle(DateValue& before, const DateValue& after) {
+    constexpr double kOneHour = 1.0 / 24;
+    const double now = DateValue::Now().Value();
+    if (std::fabs(before.Value() - now) < kOneHour && std::fabs(after.Value() - now) < kOneHour) before = after;
+}
+
 void Settle(CCalendarItem& before, const CCalendarItem& after) {
     if (before.operation == 0) return;
-    before.dtstart = after.dtstart;
-    before.dtend = after.dtend;
+    Settle(before.dtstart, after.dtstart);
+    Settle(before.dtend, after.dtend);
+    Settle(before.recurenddate, after.recurenddate);
 }
 
 template <class Record>
@@ -125,6 +135,7 @@ void Verify(LossReport& report, const Conversion& work, const RecordOutput& outp
     for (const std::string& file : output.Files())
         files.push_back({file, &work.to, true, columns});
     JoinedInputs again(work.library, work.names);
+    if (work.order.partial) again.onEmpty = [](const std::string&) {};
     JoinedInputs written(work.library, files);
     // All records came back if the comparison ends: what is left behind the last one are pieces of a value.
     written.onDamage = [&](const std::string&, const std::string& place) {
@@ -144,6 +155,7 @@ ExitCode ConvertRecords(const Conversion& work) {
         if (!order.partial) FailFile(name, place, "damaged from here on; --partial takes what came before");
         TellUser(ErrorLine(name, place, "damaged from here on and left out"));
     };
+    if (order.partial && work.names.size() > 1) inputs.onEmpty = [](const std::string& line) { TellUser(line); };
     RecordOutput output(work.library, work.to, work.kind, order.output, order.force, work.profile, order.withPasswords);
     while (const Record* record = inputs.Next<Record>())
         output.Put(*record);

@@ -85,7 +85,7 @@ class FactWriter {
     }
 
  private:
-    void Add(const char* key, std::u16string value) { single.push_back({WordsOf(key), std::move(value)}); }
+    void Add(const char* key, std::u16string value) { single.push_back({WordsOf(key), std::move(value), true}); }
 };
 
 template <class Record>
@@ -104,7 +104,7 @@ std::vector<Fact> FactsByVisit(const Record& record, const Record& fresh) {
 
 std::vector<Fact> FactsOf(const CContactItem& contact) {
     std::vector<Fact> facts;
-    if (contact.Storage != 0) facts.push_back({"storage", Format(u"%d", contact.Storage)});
+    if (contact.Storage != 0) facts.push_back({"storage", Format(u"%d", contact.Storage), true});
     for (const auto& field : contact.fields) {
         if (!field) continue;
         facts.push_back({ContactFieldCaption(field->Type), field->Data});

@@ -11,6 +11,7 @@ namespace orvale {
 struct Fact {
     std::string what;
     std::u16string value;
+    bool keyed = false;  ///< a record has one value under this name, which becomes no other
 
     auto operator<=>(const Fact&) const = default;
 };

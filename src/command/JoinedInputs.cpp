@@ -11,8 +11,12 @@ void JoinedInputs::OpenNext() {
 
 void JoinedInputs::JudgeEnd() {
     const InputName& name = names_[place_];
-    if (name.format->endRule == EndRule::kOneRecord && input_->Count() == 0)
-        FailFile(name.name, "", "holds no record of the format " + std::string(name.format->name));
+    if (name.format->endRule == EndRule::kOneRecord && input_->Count() == 0) {
+        const std::string line =
+            ErrorLine(name.name, "", "holds no record of the format " + std::string(name.format->name));
+        if (!onEmpty) throw CommandError(ExitCode::kFailed, line);
+        onEmpty(line);
+    }
     passedOver_ += input_->PassedOver();
     brokenAt_[place_] = input_->BrokenAt();
     if (brokenAt_[place_] && onDamage) onDamage(name.name, PlaceOfDamage(*input_, *brokenAt_[place_]));

@@ -43,6 +43,9 @@ class JoinedInputs {
     /// How many records that could not be read were passed over.
     std::size_t PassedOver() const { return passedOver_; }
 
+    /// Called at each file that holds no record where one is due; without it such a file ends the work.
+    std::function<void(const std::string& line)> onEmpty;
+
     /// Called at each damaged end with the file and its place, "record 18, byte 2045".
     std::function<void(const std::string& file, const std::string& place)> onDamage;
 

@@ -54,11 +54,15 @@ void LossReport::Compare(const std::vector<Fact>& before, const std::vector<Fact
     std::vector<std::pair<const Fact*, const Fact*>> kept;
     PairUp(lost, added, std::less<>(), [&](const Fact* a, const Fact* b) { kept.emplace_back(a, b); });
 
-    // What is left pairs up by its value (it came back under another name), then by its name (with another value).
-    const auto byValue = [](const Fact& a, const Fact& b) { return a.value < b.value; };
+    // What is left pairs up by its value (it came back under another name), if it may have another name, then by its
+    // name (with another value).
+    const auto byValue = [](const Fact& a, const Fact& b) {
+        return a.keyed != b.keyed ? a.keyed < b.keyed : a.keyed ? a.what < b.what : a.value < b.value;
+    };
     const auto byName = [](const Fact& a, const Fact& b) { return a.what < b.what; };
-    SortAndPairUp(lost, added, byValue,
-                  [&](const Fact* a, const Fact* b) { Count(Fate::kChanged, a->what + " became " + b->what, place); });
+    SortAndPairUp(lost, added, byValue, [&](const Fact* a, const Fact* b) {
+        Count(Fate::kChanged, a->keyed ? a->what : a->what + " became " + b->what, place);
+    });
     SortAndPairUp(lost, added, byName, [&](const Fact* a, const Fact*) { Count(Fate::kChanged, a->what, place); });
     for (const Fact* fact : lost)
         Count(Fate::kLost, fact->what, place);

@@ -71,6 +71,7 @@ ExitCode Show(const LoadedLibrary& library, const ShowOrder& order) {
     input.onDamage = [&](const std::string& file, const std::string& place) {
         damages.push_back(ErrorLine(file, place, "damaged from here on"));
     };
+    if (names.size() > 1) input.onEmpty = [&](const std::string& line) { damages.push_back(line); };
     VisitKind(info.kind, [&]<class Record>(std::type_identity<Record>) {
         if (order.json)
             ShowJson<Record>(input, order, info.kind, info.profile);

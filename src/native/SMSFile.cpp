@@ -89,13 +89,24 @@ std::int32_t CSMSFile::Write(const void* record) {
     });
 }
 
+void CSMSFile::SkipText(std::uint32_t bytes) {
+    for (std::string_view ahead = Ahead(); bytes > 0 && !ahead.empty(); ahead = Ahead()) {
+        const auto size = static_cast<std::uint32_t>(std::min<std::size_t>(bytes, ahead.size()));
+        Skip(size);
+        bytes -= size;
+    }
+}
+
 std::int32_t CSMSFile::ReadString(std::u16string* text) {
     if (text == nullptr) return 0;
     try {
         std::int32_t length = 0;  // stays 0 where it can't be read: an empty text
         ReadInt(&length);
         text->clear();
-        if (length > kMostStringBytes) return 0;
+        if (length > kMostStringBytes) {
+            SkipText(static_cast<std::uint32_t>(length));  // the texts and records behind it stay readable
+            return 0;
+        }
         if (length <= 0) return 1;
         std::array<char, static_cast<std::size_t>(kMostStringBytes) + 2> bytes;
         const std::size_t got = CFile::Read(bytes.data(), static_cast<std::uint32_t>(length));

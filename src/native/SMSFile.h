@@ -35,6 +35,8 @@ class CSMSFile : public CFileObject {
     void WriteString(const std::u16string* text) override;
 
  private:
+    void SkipText(std::uint32_t bytes);
+
     orvale::NativeHeader header_;
     CSMSItem sms_;
 };

@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
+#include <map>
 #include <memory>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -114,21 +114,11 @@ class HashMap {
     static constexpr std::uint32_t kNone = 0xFFFFFFFF;
     static constexpr std::size_t kIndexFrom = 64;
 
-    // Numbers that were chosen to meet in one place of a plain index are scattered: the seed differs by process.
-    struct Mixed {
-        std::size_t operator()(std::int32_t key) const {
-            static const auto seed = reinterpret_cast<std::uintptr_t>(&seed) * 0x9E3779B97F4A7C15U;
-            std::uint64_t mixed = (static_cast<std::uint32_t>(key) ^ seed) * 0xBF58476D1CE4E5B9U;
-            mixed ^= mixed >> 31;
-            return static_cast<std::size_t>(mixed * 0x94D049BB133111EBU >> 16);
-        }
-    };
-
     struct Table {
         Table() { heads.fill(kNone); }
         std::array<std::uint32_t, kBuckets> heads;
         std::vector<Entry> entries;
-        std::unordered_map<std::int32_t, std::uint32_t, Mixed> index;
+        std::map<std::int32_t, std::uint32_t> index;  // no hash: keys can be chosen to meet in one place
     };
 
     static std::size_t Bucket(std::int32_t key) { return (static_cast<std::uint32_t>(key) >> 4) % kBuckets; }

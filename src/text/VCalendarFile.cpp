@@ -4,7 +4,7 @@
 #include "frame/ParseString.h"
 #include "platform/Format.h"
 #include "platform/Text.h"
-#include "records/VCardKeys.h"
+#include "records/VCalendarKeys.h"
 
 using orvale::AddProperty;
 using orvale::EqualsNoCase;
@@ -23,51 +23,16 @@ constexpr std::u16string_view kEventBegin = u"BEGIN:VEVENT";
 constexpr std::u16string_view kEventEnd = u"END:VEVENT";
 constexpr std::u16string_view kCalendarEnd = u"END:VCALENDAR";
 
-// Ids of the properties that are no field of an item; those that are have the field's type for an id. (Without their
-// prefix, kBegin and kEnd would be the origins of a seek inside the class.)
-enum PropertyId : std::int32_t {
-    kPropertyStart = 3013,
-    kPropertyEnd = 3014,
-    kPropertyPriority = 3015,
-    kPropertyBegin = 3100,  // of whatever: it makes the item an event
-    kPropertyTransparency = 3101,
-    kPropertyUid = 3102,
-    kPropertyClose = 3103,
-};
-
-// How a value stands in its line.
-enum class Form { kPlain, kQuotedPrintable };
-
-struct PropertyRow {
-    std::u16string_view key;
-    std::int32_t id;
-    Form form;
-};
-
-// The keys, whole, parameters and all; "SUMMARY" alone is an unknown one. Lines of the last three are dropped.
-constexpr PropertyRow kProperties[] = {
-    {u"DTSTART", kPropertyStart, Form::kPlain},
-    {u"DTEND", kPropertyEnd, Form::kPlain},
-    {u"LOCATION;ENCODING=QUOTED-PRINTABLE", CAL_FIELD_LOCATION, Form::kQuotedPrintable},
-    {u"DESCRIPTION;ENCODING=QUOTED-PRINTABLE", CAL_FIELD_BODY, Form::kQuotedPrintable},
-    {u"SUMMARY;ENCODING=QUOTED-PRINTABLE", CAL_FIELD_DESCRIPTION, Form::kQuotedPrintable},
-    {u"PRIORITY", kPropertyPriority, Form::kPlain},
-    {u"BEGIN", kPropertyBegin, Form::kPlain},
-    {u"TRANSP", kPropertyTransparency, Form::kPlain},
-    {u"UID", kPropertyUid, Form::kPlain},
-    {u"END", kPropertyClose, Form::kPlain},
-};
-
-const PropertyRow* FindProperty(std::int32_t id) {
-    for (const PropertyRow& row : kProperties)
+const orvale::VCalendarPropertyRow* FindProperty(std::int32_t id) {
+    for (const orvale::VCalendarPropertyRow& row : orvale::kVCalendarProperties)
         if (row.id == id) return &row;
     return nullptr;
 }
 
 // The properties whose values are fields of an item are those in quoted-printable.
 bool IsField(std::int32_t id) {
-    const PropertyRow* const row = FindProperty(id);
-    return row != nullptr && row->form == Form::kQuotedPrintable;
+    const orvale::VCalendarPropertyRow* const row = FindProperty(id);
+    return row != nullptr && row->quotedPrintable;
 }
 
 // A soft line break of quoted-printable ends its line in "=".
@@ -156,19 +121,17 @@ std::int32_t CVCalendarFile::ParseCalendarLine(std::u16string_view line, VCalPro
 }
 
 std::int32_t CVCalendarFile::GetPropertyId(std::u16string_view key) {
-    for (const PropertyRow& row : kProperties)
-        if (EqualsNoCase(row.key, key)) return row.id;
-    return orvale::PROPERTY_UNKNOWN;
+    return orvale::GetVCalendarPropertyId(key);
 }
 
 void CVCalendarFile::BuildCalendarItem(CCalendarItem& item, const VCalPropertyList& list) {
     for (const VCalProperty& property : list) {
-        if (property.id == kPropertyStart || property.id == kPropertyEnd) {
-            DateValue& date = property.id == kPropertyStart ? item.dtstart : item.dtend;
+        if (property.id == orvale::kVCalendarStart || property.id == orvale::kVCalendarEnd) {
+            DateValue& date = property.id == orvale::kVCalendarStart ? item.dtstart : item.dtend;
             if (UtcTextToDate(&property.value, &date) == 0) item.operation = OPERATION_MODIFY;
-        } else if (property.id == kPropertyPriority) {
+        } else if (property.id == orvale::kVCalendarPriority) {
             item.priority = orvale::ToNumber(property.value);
-        } else if (property.id == kPropertyBegin) {
+        } else if (property.id == orvale::kVCalendarBegin) {
             item.itemType = PHONE_EVENT_TYPE;
         } else if (IsField(property.id)) {
             auto field = std::make_unique<CCalendarField>();
@@ -194,9 +157,9 @@ std::int32_t CVCalendarFile::Write(const void* record) {
 
 std::int32_t CVCalendarFile::MapCalendarItem(const CCalendarItem* item, VCalPropertyList& list) {
     if (item == nullptr) return 0;
-    AddProperty(DateToUtcText(&item->dtstart), kPropertyStart, list);
-    AddProperty(DateToUtcText(&item->dtend), kPropertyEnd, list);
-    AddProperty(orvale::Format(u"%d", item->priority), kPropertyPriority, list);
+    AddProperty(DateToUtcText(&item->dtstart), orvale::kVCalendarStart, list);
+    AddProperty(DateToUtcText(&item->dtend), orvale::kVCalendarEnd, list);
+    AddProperty(orvale::Format(u"%d", item->priority), orvale::kVCalendarPriority, list);
     for (const auto& field : item->fields)
         if (field && IsField(field->Type)) AddProperty(field->Data, field->Type, list);
     return 1;
@@ -212,9 +175,9 @@ void CVCalendarFile::ComposeCalendarText(std::u16string& text, const VCalPropert
     line(kVersion);
     line(kEventBegin);  // a todo too: the format knows no kind
     for (const VCalProperty& property : list) {
-        const PropertyRow& row = *FindProperty(property.id);
+        const orvale::VCalendarPropertyRow& row = *FindProperty(property.id);
         text.append(row.key).append(u":");
-        line(row.form == Form::kPlain ? property.value : EncodeQuotedPrintable(property.value.c_str()));
+        line(row.quotedPrintable ? EncodeQuotedPrintable(property.value.c_str()) : property.value);
     }
     line(kEventEnd);
     line(kCalendarEnd);

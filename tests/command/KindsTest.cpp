@@ -235,6 +235,19 @@ TEST_F(KindsTest, ADateOfVCalendarGoesThroughTheZone) {
               "orvale: a.cal: lost: mark of a date that could not be read: 1, first in calendar entry 1\n");
 }
 
+TEST_F(KindsTest, NothingOfAVCalendarGoesInSilence) {
+    folder.Put("in.vcs",
+               "BEGIN:VCALENDAR\r\nPRODID:x\r\nVERSION:1.0\r\nBEGIN:VEVENT\r\n"
+               "SUMMARY;ENCODING=QUOTED-PRINTABLE:a=\r\nb\r\nRRULE:D1\r\nLOCATION;ENCODING=QUOTED-PRINTABLE:"
+               "\xFF\r\nEND:VEVENT\r\n"
+               "BEGIN:VTODO\r\nEND:VTODO\r\nEND:VCALENDAR\r\n");
+    EXPECT_EQ(Run("convert in.vcs a.cal").errors,
+              "orvale: a.cal: lost: bytes that code page 65001 doesn't have: 1, first in in.vcs, line 8\n"
+              "orvale: a.cal: lost: entries behind the first, which became one with it: 1, first in in.vcs, line 10\n"
+              "orvale: a.cal: lost: lines with an unknown key, which joined the value before them: 1, first in in.vcs, "
+              "line 7\n");
+}
+
 TEST_F(KindsTest, AnAgendaByDay) {
     folder.Put("in.json", R"({"orvale": 1, "kind": "calendar", "records": [
         {"itemType": 0, "fields": [{"type": 3000, "data": "Later"}], "dtstart": "2010-07-27T10:00:00", "dtend": "2010-07-28T10:00:00",

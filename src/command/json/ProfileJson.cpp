@@ -246,7 +246,7 @@ class PathWriter {
  private:
     static std::string Numbered(const char* key, std::size_t i) { return key + ("[" + std::to_string(i)) + "]"; }
     std::string Path(const std::string& key) const { return path_ + key; }
-    void Add(const std::string& key, std::u16string value) { facts_.push_back({Path(key), std::move(value)}); }
+    void Add(const std::string& key, std::u16string value) { facts_.push_back({Path(key), std::move(value), true}); }
 
     std::vector<Fact>& facts_;
     std::string path_;

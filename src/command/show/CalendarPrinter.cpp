@@ -1,8 +1,9 @@
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <optional>
 #include <sstream>
+#include <tuple>
 
 #include "command/show/RecordPrinter.h"
 #include "platform/Format.h"
@@ -42,11 +43,12 @@ std::optional<CalendarFields> FieldsOf(const DateValue& date) {
     return date.IsNone() ? std::nullopt : date.Fields();
 }
 
-// Whether the end stands beside the start: on the same day. Any other end has a row of its own.
+// Whether the end stands beside the start: on the same day, and short enough to fit. Any other end has a row of its
+// own.
 bool EndsOnTheDay(const CCalendarItem& item) {
     const auto start = FieldsOf(item.dtstart);
     const auto end = FieldsOf(item.dtend);
-    return start && end && SameDay(*start, *end);
+    return start && end && SameDay(*start, *end) && start->second == 0 && end->second == 0;
 }
 
 // "06:00-07:30", or "06:00".
@@ -86,19 +88,27 @@ std::u16string RecurrenceText(const CCalendarItem& item) {
             break;
         case RECURS_MONTHLY:
             text = Every(item.recurinterval, u"month");
-            text += onWeekday ? u" on " + days : Format(u" on day %d", item.recurday);
+            if (!onWeekday)
+                text += Format(u" on day %d", item.recurday);
+            else if (item.recurweekmask != 0)
+                text += u" on " + days;
             break;
         case RECURS_YEARLY:
             text = Every(item.recurinterval, u"year");
-            text += onWeekday ? u" on " + days + u" in " + MonthName(item.recurmonth)
-                              : Format(u" on %d %s", item.recurday, MonthName(item.recurmonth));
+            if (!onWeekday)
+                text += Format(u" on %d %s", item.recurday, MonthName(item.recurmonth));
+            else
+                text += (item.recurweekmask != 0 ? u" on " + days : u"") + u" in " + MonthName(item.recurmonth);
             break;
         default:
-            text = Widen(ValueCaption(kRecurrences, item.recurtype));
+            text =
+                Widen(ValueCaption(kRecurrences, item.recurtype)) +
+                Format(u" (day %d, month %d, instance %d, weekday %d, weekdays %d, interval %d)", item.recurday,
+                       item.recurmonth, item.recurinstance, item.recurweekday, item.recurweekmask, item.recurinterval);
             break;
     }
-    if (item.recurrepeat != 0) text += Format(u", %d times", item.recurrepeat);
-    if (item.recurhasenddate != 0) text += u", until " + DateText(item.recurenddate);
+    if (item.recurrepeat != 0) text += Format(item.recurrepeat == 1 ? u", %d time" : u", %d times", item.recurrepeat);
+    if (item.recurhasenddate != 0 && !item.recurenddate.IsNone()) text += u", until " + DateText(item.recurenddate);
     return text;
 }
 
@@ -124,7 +134,9 @@ void PrintRows(Screen& screen, const CCalendarItem& item, const CCalendarField* 
     }
     if (!item.dtend.IsNone() && !EndsOnTheDay(item)) screen.Row("ends", DateText(item.dtend));
     if (item.recurtype != RECURS_NONE) screen.Row("repeats", RecurrenceText(item));
-    if (item.remindermin != 0) screen.Row("alarm", Format(u"%d minutes before", item.remindermin));
+    if (item.remindermin != 0)
+        screen.Row("alarm", Format(u"%d minutes %s", std::abs(static_cast<std::int64_t>(item.remindermin)),
+                                   item.remindermin > 0 ? u"before" : u"after"));
     if (item.priority != CAL_TASK_PRIORITY_NORMAL)
         screen.Row("priority", Widen(ValueCaption(kTaskPriorities, item.priority)));
     if (item.category != CATE_MISCELLANEOUS)
@@ -161,18 +173,22 @@ void RecordPrinter<CCalendarItem>::Print(const CCalendarItem& item) {
     PrintRows(screen, item, shown);
 
     const auto fields = FieldsOf(item.dtstart);
-    const double start = item.dtstart.Value();
+    const bool noDate = item.dtstart.Value() == 0.0;  // also where a reader found none in the text
     std::string heading = "No date";
     if (fields)
         heading = ToUtf8(DayText(*fields));
-    else if (!item.dtstart.IsNone())
+    else if (!noDate)
         heading = "Out of range: " + ToUtf8(DateText(item.dtstart));
-    entries_.push_back({std::isnan(start) ? 0 : start, fields.has_value(), std::move(heading), std::move(block).str()});
+    entries_.push_back(
+        {fields.value_or(CalendarFields{}), fields.has_value(), std::move(heading), std::move(block).str()});
 }
 
 void RecordPrinter<CCalendarItem>::Finish() {
     std::stable_sort(entries_.begin(), entries_.end(), [](const Entry& a, const Entry& b) {
-        return a.dated != b.dated ? a.dated : a.dated && a.start < b.start;
+        const auto order = [](const CalendarFields& f) {
+            return std::tie(f.year, f.month, f.day, f.hour, f.minute, f.second);
+        };
+        return a.dated != b.dated ? a.dated : a.dated && order(a.start) < order(b.start);
     });
     const std::string* last = nullptr;
     for (const Entry& entry : entries_) {

@@ -1,5 +1,6 @@
 #include "command/show/RecordPrinter.h"
 #include "platform/Format.h"
+#include "platform/Terminal.h"
 #include "platform/Text.h"
 
 namespace orvale {
@@ -25,7 +26,9 @@ std::u16string Joined(const std::vector<std::u16string>& texts) {
 
 void RecordPrinter<CSMSItem>::Print(const CSMSItem& sms) {
     if (count_++ != 0) screen_.EndLine();
-    screen_.Put(Screen::Fit(sms.time, 20), Screen::Style::kQuiet);
+    constexpr std::size_t kTimeWidth = 20;  // any text may stand here; the usual one has 19 characters
+    const bool fits = DisplayWidth(sms.time) <= kTimeWidth;
+    screen_.Put(fits ? Screen::Fit(sms.time, kTimeWidth) : Visible(sms.time), Screen::Style::kQuiet);
     screen_.Put(" ");
     const NamedValue* const box = FindValue(kSmsBoxTypes, sms.listtype);
     screen_.Put(Screen::Fit(box != nullptr ? Widen(box->caption) : Format(u"box %d", sms.listtype), 11),

@@ -36,7 +36,7 @@ class RecordPrinter<CCalendarItem> {
 
  private:
     struct Entry {
-        double start;
+        CalendarFields start;
         bool dated;
         std::string heading;
         std::string block;

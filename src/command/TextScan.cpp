@@ -1,4 +1,4 @@
-#include "command/VCardScan.h"
+#include "command/TextScan.h"
 
 #include <fstream>
 #include <string>
@@ -6,6 +6,7 @@
 #include "platform/CodePage.h"
 #include "platform/Text.h"
 #include "records/QuotedPrintable.h"
+#include "records/VCalendarKeys.h"
 #include "records/VCardKeys.h"
 
 namespace orvale {
@@ -26,7 +27,7 @@ bool TakeRawLine(std::streambuf& in, std::string& line) {
 
 class Scanner {
  public:
-    VCardScan scan;
+    TextScan scan;
 
     void Line(const std::string& raw, std::size_t number) {
         const std::size_t zero = raw.find('\0');
@@ -111,7 +112,7 @@ class Scanner {
 
 }  // namespace
 
-VCardScan ScanVCard(const std::filesystem::path& path, std::uint64_t end) {
+TextScan ScanVCard(const std::filesystem::path& path, std::uint64_t end) {
     Scanner scanner;
     std::ifstream in(path, std::ios::binary);
     std::string raw;
@@ -121,6 +122,38 @@ VCardScan ScanVCard(const std::filesystem::path& path, std::uint64_t end) {
         scanner.Line(raw, number);
     }
     return scanner.scan;
+}
+
+TextScan ScanVCalendar(const std::filesystem::path& path) {
+    TextScan scan;
+    std::ifstream in(path, std::ios::binary);
+    TextConverter converter;
+    std::string raw;
+    std::size_t entries = 0;
+    bool hasValue = false;
+    bool continues = false;  // the line before ended in a soft line break
+    for (std::size_t number = 1; std::getline(in, raw); ++number) {
+        const std::size_t replaced = converter.Replaced();
+        const std::u16string wide = converter.ToWide(raw);
+        scan.badBytes.Add(number, converter.Replaced() - replaced);
+        if (raw.find('\0') != std::string::npos) {  // a zero ends the text of the file
+            scan.cutValues.Add(number);
+            return scan;
+        }
+        const std::u16string_view line = Trim(wide);
+        const std::size_t colon = line.find(u':');
+        const std::int32_t id =
+            colon != std::u16string_view::npos ? GetVCalendarPropertyId(Trim(line.substr(0, colon))) : PROPERTY_UNKNOWN;
+        const bool isHead = number <= 3 && (line.starts_with(u"PRODID:") || EqualsNoCase(line, u"VERSION:1.0"));
+        const bool opens = id == kVCalendarBegin && !EqualsNoCase(line, u"BEGIN:VCALENDAR");
+        scan.furtherEntries.Add(number, opens && ++entries > 1 ? 1 : 0);
+        if (id != PROPERTY_UNKNOWN)
+            hasValue = hasValue || number > 1;
+        else if (!line.empty() && !isHead && !continues)
+            (hasValue ? scan.joinedLines : scan.droppedLines).Add(number);
+        continues = line.ends_with(u'=');
+    }
+    return scan;
 }
 
 }  // namespace orvale

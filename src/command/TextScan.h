@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+
+namespace orvale {
+
+/// What the reader of a vCard or vCalendar can't make out of a file, found by going through its lines as the reader
+/// does.
+struct TextScan {
+    struct Finding {
+        std::size_t count = 0;
+        std::size_t firstLine = 0;  // from 1
+
+        void Add(std::size_t line, std::size_t times = 1) {
+            if (times != 0 && count == 0) firstLine = line;
+            count += times;
+        }
+    };
+
+    Finding joinedLines;     ///< lines of cards whose key no row of the table holds: they join the value before them
+    Finding droppedLines;    ///< the same before a card's first value, and lines that continue an ignored one: dropped
+    Finding skippedLines;    ///< lines outside of cards, and of cards of another version: passed over
+    Finding cutValues;       ///< values that a zero byte cuts off
+    Finding furtherEntries;  ///< entries of a vCalendar behind its first: they all make one
+    Finding badBytes;        ///< bytes that are no character of the code page, also those that quoted-printable tells
+};
+
+/// Scans a file up to an offset, its end, or a line that no reader gets past. A file that can't be read has no
+/// findings.
+TextScan ScanVCard(const std::filesystem::path& path, std::uint64_t end);
+
+/// The same for a vCalendar, of which the reader takes the whole file.
+TextScan ScanVCalendar(const std::filesystem::path& path);
+
+}  // namespace orvale
