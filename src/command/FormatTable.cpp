@@ -26,9 +26,9 @@ constexpr Addition kAdditions[] = {
     {FileFormat::kCal, EndRule::kBytesLeft, ProfileShape::kNone},
     {FileFormat::kVCalendar, EndRule::kOneRecord, ProfileShape::kNone},
     {FileFormat::kPhonebookXml, EndRule::kAskAgain, ProfileShape::kPhonebook},
-    {FileFormat::kCalendarXml, EndRule::kAskAgain, ProfileShape::kCalendar},
-    {FileFormat::kSmsXml, EndRule::kAskAgain, ProfileShape::kSms},
-    {FileFormat::kEmailXml, EndRule::kAskAgain, ProfileShape::kEmail},
+    {FileFormat::kCalendarXml, EndRule::kNone, ProfileShape::kCalendar},
+    {FileFormat::kSmsXml, EndRule::kNone, ProfileShape::kSms},
+    {FileFormat::kEmailXml, EndRule::kNone, ProfileShape::kEmail},
     {FileFormat::kEml, EndRule::kBytesLeft, ProfileShape::kNone},
 };
 

@@ -17,8 +17,8 @@ enum class EndRule {
     kLastRecordSize,  ///< bytes left, and a last record that took other bytes than its values need: the reader of
                       ///< native SMS gives a cut record as if it were whole
     kOneRecord,       ///< one record is due and no end is judged
-    kAskAgain,        ///< a broken record gives 0 as the end does: one more Read gives the first record again, or 0, at
-                      ///< the end, else the record behind the broken one
+    kAskAgain,        ///< a broken record gives 0 as the end does, and behind the end it starts over: the first record
+                      ///< again tells the end, another one that the zeros before it were broken ones
     kNone,            ///< there is no telling, or no cut that reads
 };
 
@@ -32,6 +32,11 @@ struct FormatRow {
     EndRule endRule;
     ProfileShape profile;  ///< what it takes; a file of columns is read by one as well
 };
+
+/// Whether a format is one of the XML suites: these carry a profile and are parsed and saved as a whole.
+inline bool IsSuite(const FormatRow& format) {
+    return format.profile != ProfileShape::kNone && format.profile != ProfileShape::kColumns;
+}
 
 /// The command's one table of formats.
 std::span<const FormatRow> FormatTable();

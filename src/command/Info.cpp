@@ -64,9 +64,7 @@ ExitCode TellInfo(const LoadedLibrary& library, const std::vector<std::string>& 
                 const FileInfo info = Gather(input);
                 if (input.PassedOver() != 0) {
                     code = ExitCode::kFailed;
-                    TellUser(ErrorLine(
-                        info.file, "",
-                        std::to_string(input.PassedOver()) + " records could not be read and were passed over"));
+                    TellUser(ErrorLine(info.file, "", PassedOverText(input.PassedOver())));
                 }
                 const bool good = info.header && info.verifyCode == VERIFY_OK && !info.truncated;
                 if (LacksItsRecord(input)) TellUser(ErrorLine(info.file, "", "holds no record of its format"));

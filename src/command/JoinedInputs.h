@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "command/RecordInput.h"
-#include "platform/Interrupt.h"
 
 namespace orvale {
 
@@ -22,7 +21,6 @@ class JoinedInputs {
     const Record* Next() {
         for (; place_ < names_.size(); ++place_, input_.reset()) {
             if (!input_) OpenNext();
-            ThrowIfInterrupted();
             if (const Record* record = input_->Next<Record>()) {
                 ++count_;
                 return record;

@@ -51,7 +51,9 @@ RecordInput::RecordInput(const LoadedLibrary& library, const InputName& input) :
             profile_.reset();  // the captions of a file aren't a profile that it carries
         }
     } catch (const std::system_error& error) {
-        FailFile(input.name, "", SystemReason(error.code()));
+        const bool notXml = IsSuite(*input.format) && error.code() == std::errc::invalid_argument;
+        FailFile(input.name, "",
+                 notXml ? "no well-formed XML document, or one beyond the limits" : SystemReason(error.code()));
     } catch (const std::runtime_error& error) {
         FailFile(input.name, "", error.what());
     }
@@ -60,6 +62,10 @@ RecordInput::RecordInput(const LoadedLibrary& library, const InputName& input) :
     verifyCode_ = file_->Verify();
     wholeEnd_ = file_->Position();
     length_ = file_->Length();
+    constexpr std::uintmax_t kSmallestRecord = 10;  // bytes: "<contact/>"
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(input.name, error);
+    if (!error) mostZeros_ = static_cast<std::size_t>(size / kSmallestRecord + 1);
 }
 
 // The reader of native SMS gives a record that the file cuts off as if it were whole, its texts cut or empty. Only the
@@ -164,6 +170,11 @@ std::vector<InputName> ResolveInputs(const std::vector<std::string>& names, cons
             inputs.push_back(ResolveFile(name, formatName));
     }
     return inputs;
+}
+
+std::string PassedOverText(std::size_t count) {
+    return std::to_string(count) + (count == 1 ? " record could not be read and was passed over"
+                                               : " records could not be read and were passed over");
 }
 
 void RequireReadable(const RecordInput& input) {

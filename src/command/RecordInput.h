@@ -12,6 +12,7 @@
 #include "command/Kinds.h"
 #include "command/json/JsonDocument.h"
 #include "host/RecordFile.h"
+#include "platform/Interrupt.h"
 
 namespace orvale {
 
@@ -46,6 +47,7 @@ class RecordInput {
     /// The next record, good until the next call; null at the end, which may be a damaged one.
     template <class Record>
     const Record* Next() {
+        ThrowIfInterrupted();
         const Record* const record = document_ ? NextOfDocument<Record>() : NextOfFile<Record>();
         if (record != nullptr) ++count_;
         return record;
@@ -74,19 +76,28 @@ class RecordInput {
         return record;
     }
 
-    // Tells the end from a record that can't be read, of which the file object gives 0 as well.
+    // Tells the end from records that can't be read, of which the file object gives 0 as well: it is asked until a
+    // record comes. Behind the end that is the first one again.
     template <class Record>
     const Record* AskAgain(const Record* record) {
-        std::u16string flat;
-        if (record == nullptr) {
+        std::size_t zeros = 0;
+        while (record == nullptr) {
+            if (++zeros > mostZeros_) return nullptr;  // no record at all
             record = file_->Read<Record>();
-            if (record == nullptr) return nullptr;
-            Flatten(*record, flat);
-            if (flat == firstRecord_) return nullptr;  // it started over
-            ++passedOver_;
         }
-        if (firstRecord_.empty()) Flatten(*record, firstRecord_);
-        return record;
+        if (zeros == 0 && !firstRecord_.empty()) return record;
+        std::u16string flat;
+        Flatten(*record, flat);
+        const bool isFirst = firstRecord_.empty();
+        const bool startedOver = !isFirst && flat == firstRecord_;
+        // Of the zeros before a record that comes again, one is the end and those before the first were counted.
+        const std::size_t counted = startedOver ? 1 + leadingZeros_ : 0;
+        passedOver_ += zeros > counted ? zeros - counted : 0;
+        if (isFirst) {
+            leadingZeros_ = zeros;
+            firstRecord_ = std::move(flat);
+        }
+        return startedOver ? nullptr : record;
     }
 
     template <class Record>
@@ -101,6 +112,8 @@ class RecordInput {
     std::any record_;  // of a document
     SharedProfile profile_;
     std::u16string firstRecord_;  // as one text; empty before there is one
+    std::size_t leadingZeros_ = 0;
+    std::size_t mostZeros_ = 1;  // more than a file of this size has records
     std::size_t passedOver_ = 0;
     bool headerRead_ = true;
     std::int32_t verifyCode_ = VERIFY_OK;
@@ -117,6 +130,9 @@ std::vector<InputName> ResolveInputs(const std::vector<std::string>& names, cons
 
 /// Where a damaged record begins, in words.
 std::string PlaceOfDamage(const RecordInput& input, std::uint64_t offset);
+
+/// "2 records could not be read and were passed over".
+std::string PassedOverText(std::size_t count);
 
 /// Ends the work with the code where the header couldn't be read, or the verify code is a bad one and the format wasn't
 /// named; a bad code of a named format is told.

@@ -87,8 +87,7 @@ void RecordOutput::Finish() {
     if (file_) file_->Close();
     // A suite is saved by its Close, which tells no failure.
     std::error_code error;
-    if (file_ && format_.endRule == EndRule::kAskAgain && (fs::file_size(files_.back(), error) == 0 || error))
-        FailWrite();
+    if (file_ && IsSuite(format_) && (fs::file_size(files_.back(), error) == 0 || error)) FailWrite(false);
     if (!document_) return;
     document_->Finish();
     stream_.close();
@@ -130,11 +129,11 @@ bool RecordOutput::WriteOnOneLine(const CContactItem& contact) {
 }
 
 // The slots tell no reason for a failed write: the one that people meet is looked for.
-void RecordOutput::FailWrite() const {
+void RecordOutput::FailWrite(bool atRecord) const {
     std::error_code error;
     const fs::space_info space = fs::space(fs::path(files_.back()).parent_path(), error);
     const bool full = !error && space.available < 64 * 1024;
-    FailFile(target_, count_ == 0 ? "" : "record " + std::to_string(count_),
+    FailFile(target_, count_ == 0 || !atRecord ? "" : "record " + std::to_string(count_),
              full ? "the disk is full" : "can't be written");
 }
 

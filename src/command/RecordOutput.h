@@ -57,7 +57,7 @@ class RecordOutput {
     }
     bool WriteToFile(const CContactItem& contact);
     bool WriteOnOneLine(const CContactItem& contact);
-    [[noreturn]] void FailWrite() const;
+    [[noreturn]] void FailWrite(bool atRecord = true) const;
 
     const LoadedLibrary& library_;
     const FormatRow& format_;

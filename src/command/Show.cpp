@@ -59,10 +59,12 @@ void TellUnknownCaptions(const InputName& name) {
 }  // namespace
 
 ExitCode Show(const LoadedLibrary& library, const ShowOrder& order) {
+    if (order.profileOnly && order.noProfile) FailUsage("--profile-only and --no-profile can't stand together");
     std::vector<InputName> names = ResolveInputs({order.file}, order.format);
     const InputsInfo info = RequireReadable(library, names, std::nullopt);
     const bool takesColumns = names.front().format->profile == ProfileShape::kColumns;
-    const GivenProfiles given = ReadGivenProfiles(order.profiles, info.kind, takesColumns, nullptr);
+    const GivenProfiles given =
+        ReadGivenProfiles(order.profiles, info.kind, takesColumns, order.json ? &FormatOfName("json") : nullptr);
     for (InputName& name : names)
         name.columns = given.input;
     if (takesColumns) TellUnknownCaptions(names.front());
@@ -74,15 +76,13 @@ ExitCode Show(const LoadedLibrary& library, const ShowOrder& order) {
     if (names.size() > 1) input.onEmpty = [&](const std::string& line) { damages.push_back(line); };
     VisitKind(info.kind, [&]<class Record>(std::type_identity<Record>) {
         if (order.json)
-            ShowJson<Record>(input, order, info.kind, info.profile);
+            ShowJson<Record>(input, order, info.kind, given.output ? given.output : info.profile);
         else if (order.profileOnly)
             ShowProfile(order, info.profile);
         else
             ShowListing<Record>(input, order, info.kind);
     });
-    if (input.PassedOver() != 0)
-        damages.push_back(ErrorLine(
-            order.file, "", std::to_string(input.PassedOver()) + " records could not be read and were passed over"));
+    if (input.PassedOver() != 0) damages.push_back(ErrorLine(order.file, "", PassedOverText(input.PassedOver())));
     for (const std::string& line : damages)
         TellUser(line);
     return damages.empty() ? ExitCode::kDone : ExitCode::kFailed;

@@ -47,12 +47,14 @@ Likeness HasBlock(std::string_view head, std::uint64_t) {
     return Sure(!text.starts_with('<') && !text.starts_with('{') && OpensWith(head, kBlock));
 }
 
-// The ASCII of a head in UTF-16, by its mark; any other head as it is. A blank stands for what isn't ASCII.
+// The ASCII of a head in UTF-16, by its mark or its first "<"; any other head as it is. A blank stands for what isn't
+// ASCII.
 std::string NarrowHead(std::string_view head) {
-    const bool little = head.starts_with("\xFF\xFE");
-    if (!little && !head.starts_with("\xFE\xFF")) return std::string(head);
+    using namespace std::string_view_literals;
+    const bool little = head.starts_with("\xFF\xFE") || head.starts_with("<\0"sv);
+    if (!little && !head.starts_with("\xFE\xFF") && !head.starts_with("\0<"sv)) return std::string(head);
     std::string narrow;
-    for (std::size_t i = 2; i + 1 < head.size(); i += 2) {
+    for (std::size_t i = 0; i + 1 < head.size(); i += 2) {
         const char high = head[little ? i + 1 : i];
         const char low = head[little ? i : i + 1];
         narrow.push_back(high == 0 && low >= 0 ? low : ' ');
@@ -65,7 +67,8 @@ std::string_view FirstStartTag(std::string_view text) {
     if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
     text = TrimAscii(text);
     while (text.starts_with("<?") || text.starts_with("<!")) {
-        const std::string_view end = text.starts_with("<?") ? "?>" : text.starts_with("<!--") ? "-->" : ">";
+        std::string_view end = text.starts_with("<?") ? "?>" : text.starts_with("<!--") ? "-->" : ">";
+        if (end == ">" && text.find('[') < text.find('>')) end = "]>";  // a document type with declarations of its own
         const std::size_t found = text.find(end);
         if (found == std::string_view::npos) return {};
         text = TrimAscii(text.substr(found + end.size()));

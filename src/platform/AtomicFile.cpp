@@ -47,7 +47,8 @@ std::string FollowLinks(std::string path) {
 // By its name, since another file may stand there by now than the one that was made. A file system that knows no
 // syncing is taken as synced.
 void SyncFile(const std::string& path) {
-    const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
+    int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
+    if (descriptor < 0 && errno == EACCES) descriptor = open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
     Check(descriptor >= 0, "sync");
     const int result = fsync(descriptor);
     const int number = errno;
