@@ -1,8 +1,6 @@
 #include "xml/CDXMLFile.h"
 
 #include "platform/Clock.h"
-#include "platform/Text.h"
-#include "records/GeneralSyncData.h"
 #include "support/Zone.h"
 #include "xml/SuiteSupport.h"
 
@@ -10,210 +8,186 @@ using namespace orvale::test;
 
 namespace {
 
-using Driver = SuiteDriver<CCDXMLFile, CCalendarItem, CCalendarProfile>;
+using Numbers = std::vector<std::int32_t>;
 
-class CDXMLFile : public testing::Test {
+class CDXMLFile : public SuiteTest<CCDXMLFile, CCalendarItem, CCalendarProfile> {
  protected:
-    Driver Reading(const std::string& items, const std::string& profile = {}) {
-        folder_.Put("file.xml", "<calendar id='suite-calendar'><profile>" + profile + "</profile><calendarentries>" +
-                                    items + "</calendarentries></calendar>");
-        return Driver(path_, Driver::Header::kRead);
+    static std::string Document(const std::string& items, const std::string& profile = {}) {
+        return "<calendar id='suite-calendar'><profile>" + profile + "</profile><calendarentries>" + items +
+               "</calendarentries></calendar>";
     }
-
-    const ScratchFolder folder_;
-    const std::u16string path_ = folder_.Name("file.xml");
 };
 
 DateValue Date(int year, int month, int day, int hour, int minute, int second) {
     return DateValue::FromFields({year, month, day, hour, minute, second});
 }
 
-void AddField(CCalendarItem& item, std::int32_t type, const std::u16string& data) {
-    item.fields.push_back(std::make_unique<CCalendarField>());
-    item.fields.back()->Type = type;
-    item.fields.back()->Data = data;
-}
-
-CCalendarProfile SampleProfile() {
-    CCalendarProfile profile;
-    profile.handset = u"Handset";
-    profile.dllname = u"driver.DLL";
-    CCalendarConfig config;
-    for (const auto& [type, flags] : {std::pair(PHONE_EVENT_TYPE + 0, CAL_PROP_NO_STARTTIME | CAL_PROP_HAS_RECUR),
-                                      std::pair(5, 1), std::pair(PHONE_TODO_TYPE + 0, -1)}) {
-        config.type = type;
-        config.config = flags;
-        profile.configSet.AddConfig(config);
-    }
-    profile.configSet.configs.push_back(nullptr);
-    return profile;
-}
-
-CCalendarItem SampleItem() {
-    CCalendarItem item;
-    item.itemType = PHONE_TODO_TYPE;
-    item.category = CATE_REMINDER;
-    item.dtstart = Date(2010, 7, 26, 6, 0, 15);
-    item.dtend = Date(2010, 7, 26, 7, 30, 0);
-    AddField(item, CAL_FIELD_DESCRIPTION, u"\u00DCbung & <more>");
-    AddField(item, 3001, u"has no element");
-    item.fields.push_back(nullptr);
-    AddField(item, CAL_FIELD_PHONENO, u"+49 170\U0001F600");
-    AddField(item, CAL_FIELD_DESCRIPTION, u"");
-    AddField(item, CAL_FIELD_BODY, u"two\r\nlines");
-    AddField(item, CAL_FIELD_LOCATION, u"here");
-    AddField(item, CAL_FIELD_URL, u"http://x/?a=1&b=2");
-    item.recurtype = RECURS_YEARLY;
-    item.recurday = 26;
-    item.recurweekday = -1;
-    item.recurweekmask = 62;
-    item.recurmonth = 7;
-    item.recurinstance = 1;
-    item.recurinterval = 2;
-    item.recurrepeat = 10;
-    item.recurenddate = Date(9999, 12, 31, 23, 59, 59);
-    item.recurhasenddate = 1;
-    item.remindermin = 15;
-    item.ringid = 3;
-    item.ring = u"Ring \"1\"";
-    item.vibration = item.secret = 1;
-    item.priority = CAL_TASK_PRIORITY_HIGH;
-    item.complete = 1;
-    item.duration = 90;
-    item.reserve1 = INT32_MIN;
-    item.reserve2 = INT32_MAX;
-    item.operation = OPERATION_NEW;  // in no file
-    return item;
-}
-
 }  // namespace
 
-TEST_F(CDXMLFile, WritesExactlyTheSample) {
-    const CCalendarProfile profile = SampleProfile();
-    const CCalendarItem item = SampleItem();
-    const CCalendarItem empty;
-    CCalendarItem old;
-    old.version = 100;  // of a layout without a category
-    Driver(path_, CFile::kCreateReadWrite).WriteAll(&profile, {&item, &empty, &old});
-    EXPECT_EQ(folder_.Get("file.xml"), Sample("calendar.xml"));
-}
-
-TEST_F(CDXMLFile, ReadsTheSampleBack) {
-    folder_.Put("file.xml", Sample("calendar.xml"));
-    Driver(path_).WriteAgain(folder_.Name("copy.xml"));
+TEST_F(CDXMLFile, ReadsTheSampleAndWritesItAgain) {
     const std::string sample = Sample("calendar.xml");
     const std::size_t start = sample.find("\n\t\t\t<!--CATE_");  // which the record read for the last item has
     const std::string category = sample.substr(start, sample.find("\n\t\t\t<dtstart") - start);
-    std::string expected = Replaced(sample, "\n\t\t\n\t\t<todo>", "\n\t\t<todo>");  // the config of type 5
+    std::string expected = Replaced(sample, "\n\t\t\n\t\t<todo>", "\n\t\t<todo>");  // a config without an element
     expected.insert(expected.rfind("\n\t\t\t<dtstart"), Replaced(category, ">13<", ">0<"));
-    EXPECT_EQ(folder_.Get("copy.xml"), expected);
+    EXPECT_EQ(WrittenAgain(sample), expected);
+
+    Driver file = Reading(sample);
+    EXPECT_EQ(file->ReadFileHeader(), 1);
+    const CCalendarProfile& p = *file.GetProfile();
+    EXPECT_EQ(p.handset + p.dllname, u"Handsetdriver.DLL");
+    ASSERT_EQ(p.configSet.configs.size(), 2U);
+    EXPECT_EQ((Numbers{p.configSet.configs[0]->type, p.configSet.configs[0]->config, p.configSet.configs[1]->type,
+                       p.configSet.configs[1]->config}),
+              (Numbers{0, 8388609, 1, -1}));
+    const CCalendarItem* const i = file.Next();
+    ASSERT_NE(i, nullptr);
+    EXPECT_EQ((Numbers{i->itemType,        i->category,    i->recurtype,     i->recurday,      i->recurweekday,
+                       i->recurweekmask,   i->recurmonth,  i->recurinstance, i->recurinterval, i->recurrepeat,
+                       i->recurhasenddate, i->remindermin, i->ringid,        i->vibration,     i->secret,
+                       i->priority,        i->complete,    i->duration,      i->reserve1,      i->reserve2,
+                       i->operation}),
+              (Numbers{1, 13, 4, 26, -1, 62, 7, 5, 2, 10, 6, 15, 3, 8, 9, 12, 11, 90, INT32_MIN, INT32_MAX, 0}));
+    EXPECT_EQ(i->dtstart.Value(), Date(2010, 7, 26, 6, 0, 15).Value());
+    EXPECT_EQ(i->dtend.Value(), Date(2010, 7, 26, 7, 30, 0).Value());
+    EXPECT_EQ(i->recurenddate.Value(), Date(9999, 12, 31, 23, 59, 59).Value());
+    std::u16string texts = i->ring;
+    Numbers types;
+    for (const auto& field : i->fields) {
+        types.push_back(field->Type);
+        texts += u"|" + field->Data;
+    }
+    EXPECT_EQ(types, (Numbers{3000, 3012, 3000, 3002, 3003, 3004}));
+    EXPECT_EQ(texts, u"Ring \"1\"|\u00DCbung & <more>|+49 170||two\r\nlines|here|http://x/?a=1&b=2");
+}
+
+TEST_F(CDXMLFile, WritesWhatNoReaderGives) {
+    CCalendarProfile profile;
+    profile.configSet.configs.push_back(nullptr);
+    CCalendarConfig config;
+    config.type = 5;
+    profile.configSet.AddConfig(config);
+    CCalendarItem item;
+    item.version = 100;  // of a layout without a category
+    for (const std::int32_t type : {3001, 3004}) {
+        item.fields.push_back(nullptr);
+        item.fields.push_back(std::make_unique<CCalendarField>());
+        item.fields.back()->Type = type;
+        item.fields.back()->Data = u"x\x01\U0001F600";
+    }
+    const std::string text = Written(&profile, {&item});
+    EXPECT_NE(text.find("<dllname>.dll</dllname>\n\t\t\n\t</profile>"), std::string::npos) << "white space alone";
+    EXPECT_NE(
+        text.find("<type>4294967295</type>\n\t\t\t<dtstart/>\n\t\t\t<dtend/>\n\t\t\t<url>x</url>\n\t\t\t<!--RECURS"),
+        std::string::npos);
 }
 
 TEST_F(CDXMLFile, ElementNamesCountInAnyCaseButForThree) {
-    auto file =
-        Reading("<DATA><DtStart>20100726T060015Z</DtStart><BODY>b</BODY><Ring> r </Ring><Secret>1</Secret></DATA>",
-                "<HandSet>h</HandSet><DLLNAME>d</DLLNAME><Event><config>5</config></Event><TODO><Config>6"
-                "</Config></TODO><event/><todo><config>x</config><config>9</config></todo>");
+    Driver file = Reading(
+        Document("<DATA><DtStart>20100726T060015Z</DtStart><BODY>b</BODY><Ring> r </Ring><Secret>1</Secret></DATA>",
+                 "<HandSet>h</HandSet><DLLNAME>d</DLLNAME><Event><config>5</config></Event><TODO><Config>6"
+                 "</Config></TODO><event/><todo><config>x</config><config>9</config></todo>"));
+    EXPECT_EQ(file->ReadFileHeader(), 1);
     const CCalendarProfile& profile = *file.GetProfile();
     EXPECT_EQ(profile.handset + profile.dllname, u"hd");
     ASSERT_EQ(profile.configSet.configs.size(), 2U) << "config is looked up by its exact name";
     EXPECT_EQ(profile.configSet.configs[0]->config, 5);
-    EXPECT_EQ(profile.configSet.configs[0]->type, PHONE_EVENT_TYPE);
     EXPECT_EQ(profile.configSet.configs[1]->config, 0);
-    EXPECT_EQ(profile.configSet.configs[1]->type, PHONE_TODO_TYPE);
     const CCalendarItem* const item = file.Next();
     ASSERT_NE(item, nullptr);
-    EXPECT_EQ(item->dtstart.Second(), 15);
+    EXPECT_EQ((Numbers{item->dtstart.Second(), item->secret}), (Numbers{15, 1}));
     EXPECT_EQ(item->fields.at(0)->Data + item->ring, u"b r ");
-    EXPECT_EQ(item->secret, 1);
 }
 
 TEST_F(CDXMLFile, ReadsWhatAPersonMayHaveWritten) {
     const orvale::StoppedClock clock(1280124015);
-    auto file = Reading(
-        "<data/>"
-        "<data><type>4294967295</type><priority/><reserve1>-2147483648x</reserve1><reserve2>\n +7</reserve2></data>"
-        "<data><dtend>\n\t20100726T060015Z </dtend><dtstart/></data>"
-        "<data><dtstart>20100726</dtstart><body>1</body><body>2</body><ring>a</ring><ring>b</ring></data>"
-        "<data><recurenddate>20101326T060015Z</recurenddate></data>");
-    const CCalendarItem* item = file.Next();
-    ASSERT_NE(item, nullptr);
-    EXPECT_EQ(item->itemType, -1);
-    EXPECT_EQ(item->priority, 1) << "what isn't there keeps its default";
-    EXPECT_EQ(item->recurinterval, 1);
-    ASSERT_EQ(file.Next(), item);
-    EXPECT_EQ(item->itemType, -1);
-    EXPECT_EQ(item->priority, 0);
-    EXPECT_EQ(item->reserve1, INT32_MIN);
-    EXPECT_EQ(item->reserve2, 7);
-    ASSERT_EQ(file.Next(), item);
-    EXPECT_EQ(item->dtend.Value(), Date(2010, 7, 26, 6, 0, 15).Value());
-    EXPECT_TRUE(item->dtstart.IsNone());
-    EXPECT_EQ(item->operation, 0);
-    ASSERT_EQ(file.Next(), item);
-    EXPECT_EQ(item->dtstart.Value(), Date(2010, 7, 26, 6, 0, 15).Value()) << "the present moment";
-    EXPECT_EQ(item->operation, OPERATION_MODIFY);
-    EXPECT_EQ(item->fields.size(), 2U);
-    EXPECT_EQ(item->ring, u"b");
-    ASSERT_EQ(file.Next(), item);
-    EXPECT_EQ(item->operation, OPERATION_MODIFY);
-    EXPECT_EQ(file.Next(), nullptr);
+    const double now = Date(2010, 7, 26, 6, 0, 15).Value();
+    struct Case {
+        const char* name;
+        const char* data;
+        Numbers numbers;  // itemType, priority, recurinterval, reserve1, reserve2, operation, number of fields
+        double dtstart;
+    };
+    const Case cases[] = {
+        {"nothing", "", {-1, 1, 1, 0, 0, 0, 0}, 0},
+        {"numbers",
+         "<type>4294967295</type><priority/><reserve1>-2147483648x</reserve1><reserve2>\n +7</reserve2>",
+         {-1, 0, 1, INT32_MIN, 7, 0, 0},
+         0},
+        {"a date is trimmed", "<dtstart>\n\t20100726T060015Z </dtstart><dtend/>", {-1, 1, 1, 0, 0, 0, 0}, now},
+        {"a short date", "<dtstart>20100726</dtstart><dtend>20100726T060015Z</dtend>", {-1, 1, 1, 0, 0, 4, 0}, now},
+        {"no date", "<recurenddate>20101326T060015Z</recurenddate>", {-1, 1, 1, 0, 0, 4, 0}, 0},
+        {"twice", "<url>1</url><url>2</url><priority>1</priority><priority>2</priority>", {-1, 2, 1, 0, 0, 0, 2}, 0},
+    };
+    std::string items;
+    for (const Case& each : cases)
+        items += "<data>" + std::string(each.data) + "</data>";
+    Driver file = Reading(Document(items));
+    EXPECT_EQ(file->ReadFileHeader(), 1);
+    for (const Case& each : cases) {
+        const CCalendarItem* const i = file.Next();
+        ASSERT_NE(i, nullptr) << each.name;
+        EXPECT_EQ((Numbers{i->itemType, i->priority, i->recurinterval, i->reserve1, i->reserve2, i->operation,
+                           static_cast<std::int32_t>(i->fields.size())}),
+                  each.numbers)
+            << each.name;
+        EXPECT_EQ(i->dtstart.Value(), each.dtstart) << each.name;
+    }
 }
 
 TEST_F(CDXMLFile, DatesAreLocalHereAndUtcThere) {
     const Zone zone("Asia/Tokyo");
     CCalendarItem item;
     item.dtstart = Date(2010, 7, 26, 6, 0, 15);
-    Driver(path_, CFile::kCreateReadWrite).WriteAll(nullptr, {&item});
-    EXPECT_NE(folder_.Get("file.xml").find("<dtstart>20100725T210015Z</dtstart>"), std::string::npos);
-    Driver file(path_, Driver::Header::kRead);
-    const CCalendarItem* const read = file.Next();
-    ASSERT_NE(read, nullptr);
-    EXPECT_EQ(read->dtstart.Value(), item.dtstart.Value());
+    const CCalendarProfile profile;
+    const std::string text = Written(&profile, {&item});
+    EXPECT_NE(text.find("<dtstart>20100725T210015Z</dtstart>"), std::string::npos);
+    EXPECT_EQ(WrittenAgain(text), text);
 }
 
 TEST_F(CDXMLFile, Log) {
-    const std::string opened = "]\nOpen : Finish\n";
-    const std::string name = "Open : File Name[" + orvale::ToUtf8(path_);
-    EXPECT_EQ(LogOf("CCDXMLFile",
-                    [&] {
-                        auto file = Reading("<data><!--c--><Type> 1</Type><url>u</url></data>",
-                                            "<dllname/><handset/><event/><todo/><x/>");
-                        EXPECT_EQ(file->Verify(), 0);
-                        while (file.Next() != nullptr) {
-                        }
-                        file->Close();
-                    }),
-              "Open : Begin\nOpen : File identifier[suite-calendar]\n" + name + opened +
-                  "ReadFileHeader : Begin\nReadFileHeader : Check file Status\nReadFileHeader : Get Profile Node\n"
-                  "ReadFileHeader : Read Dll Name\nReadFileHeader : Read Phone ID\nReadFileHeader : Read Event Config\n"
-                  "ReadFileHeader : Read Todo Config\nReadFileHeader : Succeeded\nReadFileHeader : Finish\n"
-                  "Read : Begin\nRead : Check file Status\nRead : Check Entries\nRead : Load Calendar\n"
-                  "LoadCalendar : Type  -  1\nLoadCalendar : url  - u\n" +
-                  std::string(104, '=') +
-                  "\nRead : Succeeded\nRead : Finish\nRead : Begin\nRead : Check file Status\nRead : Check Entries\n"
-                  "Read : Load Calendar\nRead : Failed\nRead : Finish\nClose : Begin/Finish\n");
-    EXPECT_EQ(LogOf("CCDXMLFile",
-                    [&] {
-                        Driver file(path_, CFile::kModeWrite);
-                        const CCalendarProfile profile;
-                        const CCalendarItem item;
-                        file->SetProfile(&profile);
-                        EXPECT_EQ(file->ReadFileHeader(), 0);
-                        EXPECT_EQ(file.Write(&item), 0);
-                        EXPECT_EQ(file->WriteFileHeader(), 1);
-                        EXPECT_EQ(file.Write(&item), 1);
-                    }),
-              "Open : Begin\n" + name + opened +
-                  "SetProfile : Profile[]\nReadFileHeader : Begin\nReadFileHeader : Check file Status\n"
-                  "ReadFileHeader : Get Profile Node\nReadFileHeader : NULL Profile Node\nReadFileHeader : Failed\n"
-                  "ReadFileHeader : Finish\nWrite : Begin\nWrite : Check file status\nWrite : Check the object\n"
-                  "Write : Check the entries\nWrite : Failed\nWrite : Finish\nWriteFileHeader : Begin\n"
-                  "WriteFileHeader : Check file status\nWriteFileHeader : Create XML header\n"
-                  "WriteFileHeader : Create root node\nWriteFileHeader : Set root attribute\n"
-                  "WriteFileHeader : Create profile node\nWriteFileHeader : Finish\nWrite : Begin\n"
-                  "Write : Check file status\nWrite : Check the object\nWrite : Check the entries\n"
-                  "Write : Write the object\nWriteCalendar : Begin\n"
-                  "Start time : 00:00:00  end time : 00:00:00 type : -1 Operation : None\nWriteCalendar : Succeeded\n"
-                  "WriteCalendar : Finish\nWrite : Succeeded\nWrite : Finish\n");
+    const auto run = [&] {
+        Driver file = Reading(
+            Document("<data><!--c--><Type> 1</Type><url>u</url></data>", "<dllname/><handset/><event/><todo/><x/>"));
+        EXPECT_EQ(file->ReadFileHeader() + file->Verify(), 1);
+        while (file.Next() != nullptr) {
+        }
+        const std::uint32_t flags = CFile::kModeWrite;
+        const CCalendarProfile profile;
+        const CCalendarItem item;
+        EXPECT_EQ(file->Open(path_.c_str(), &flags), 1);
+        file->SetProfile(&profile);
+        EXPECT_EQ(file->ReadFileHeader() + file.Write(&item), 0);
+        EXPECT_EQ(file->WriteFileHeader() + file.Write(&item), 2);
+        file->Close();
+    };
+    const auto steps = [](const std::string& name, std::initializer_list<const char*> words) {
+        std::string lines;
+        for (const char* word : words)
+            lines += name + " : " + word + "\n";
+        return lines;
+    };
+    const std::string name = "Open : File Name[" + orvale::ToUtf8(path_) + "]\n";
+    const std::string loading = steps("Read", {"Check file Status", "Check Entries", "Load Calendar"});
+    const std::string writing = steps("Write", {"Check file status", "Check the object", "Check the entries"});
+    EXPECT_EQ(
+        LogOf("CCDXMLFile", run),
+        Lines("Open", "", "Open : File identifier[suite-calendar]\n" + name) +
+            Lines("ReadFileHeader", "Succeeded",
+                  steps("ReadFileHeader", {"Check file Status", "Get Profile Node", "Read Dll Name", "Read Phone ID",
+                                           "Read Event Config", "Read Todo Config"})) +
+            Lines("Read", "Succeeded",
+                  loading + "LoadCalendar : Type  -  1\nLoadCalendar : url  - u\n" + std::string(104, '=') + "\n") +
+            Lines("Read", "Failed", loading) + Lines("Open", "", name) + "SetProfile : Profile[]\n" +
+            Lines("ReadFileHeader", "Failed",
+                  steps("ReadFileHeader", {"Check file Status", "Get Profile Node", "NULL Profile Node"})) +
+            Lines("Write", "Failed", writing) +
+            Lines("WriteFileHeader", "",
+                  steps("WriteFileHeader", {"Check file status", "Create XML header", "Create root node",
+                                            "Set root attribute", "Create profile node"})) +
+            Lines("Write", "Succeeded",
+                  writing + "Write : Write the object\n" +
+                      Lines("WriteCalendar", "Succeeded",
+                            "Start time : 00:00:00  end time : 00:00:00 type : -1 Operation : None\n")) +
+            "Close : Begin/Finish\n");
 }

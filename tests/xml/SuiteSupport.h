@@ -4,9 +4,9 @@
 
 #include <fstream>
 #include <functional>
+#include <initializer_list>
 #include <iterator>
 #include <string>
-#include <vector>
 
 #include "frame/Log.h"
 #include "records/GeneralSyncData.h"
@@ -23,51 +23,64 @@ inline std::string Sample(const std::string& name) {
     return {std::istreambuf_iterator<char>(in), {}};
 }
 
-template <class File, class Record, class Profile>
-class SuiteDriver : public FileDriver<File, Record> {
- public:
-    using FileDriver<File, Record>::FileDriver;
-
-    enum class Header { kRead };
-
-    /// With the header read too.
-    SuiteDriver(const std::u16string& path, Header) : FileDriver<File, Record>(path) {
-        EXPECT_EQ((*this)->ReadFileHeader(), 1);
-    }
-
-    const Profile* GetProfile() {
-        const void* profile = nullptr;
-        (*this)->GetProfile(&profile);
-        return static_cast<const Profile*>(profile);
-    }
-
-    /// Writes a whole document, up to Close.
-    void WriteAll(const Profile* profile, const std::vector<const Record*>& records) {
-        (*this)->SetProfile(profile);
-        EXPECT_EQ((*this)->WriteFileHeader(), 1);
-        for (const Record* record : records)
-            EXPECT_EQ(this->Write(record), 1);
-        (*this)->Close();
-    }
-
-    /// Reads a document and writes what came of it under another path.
-    void WriteAgain(const std::u16string& path) {
-        SuiteDriver copy(path, CFile::kCreateReadWrite);
-        EXPECT_EQ((*this)->ReadFileHeader(), 1);
-        EXPECT_EQ((*this)->Verify(), VERIFY_OK);
-        copy->SetProfile(GetProfile());
-        EXPECT_EQ(copy->WriteFileHeader(), 1);
-        while (const Record* record = this->Next())
-            EXPECT_EQ(copy.Write(record), 1);
-        copy->Close();
-    }
-};
+inline std::string Replaced(std::string text, const std::string& from, const std::string& to) {
+    const std::size_t found = text.find(from);
+    EXPECT_NE(found, std::string::npos) << from;
+    return found != std::string::npos ? text.replace(found, from.size(), to) : text;
+}
 
 inline std::string Without(std::string text, const std::string& part) {
     for (std::size_t found; (found = text.find(part)) != std::string::npos;)
         text.erase(found, part.size());
     return text;
 }
+
+template <class FileClass, class Record, class Profile>
+class SuiteTest : public testing::Test {
+ protected:
+    class Driver : public FileDriver<FileClass, Record> {
+     public:
+        using FileDriver<FileClass, Record>::FileDriver;
+
+        const Profile* GetProfile() {
+            const void* profile = nullptr;
+            (*this)->GetProfile(&profile);
+            return static_cast<const Profile*>(profile);
+        }
+    };
+
+    /// The whole document of a profile and of records, up to Close.
+    std::string Written(const Profile* profile, std::initializer_list<const Record*> records) {
+        Driver file(path_, CFile::kCreateReadWrite);
+        file->SetProfile(profile);
+        EXPECT_EQ(file->WriteFileHeader(), 1);
+        for (const Record* record : records)
+            EXPECT_EQ(file.Write(record), 1);
+        file->Close();
+        return folder_.Get("file.xml");
+    }
+
+    /// What came of a document that was read, written again.
+    std::string WrittenAgain(const std::string& document) {
+        Driver file = Reading(document);
+        Driver copy(folder_.Name("copy.xml"), CFile::kCreateReadWrite);
+        EXPECT_EQ(file->ReadFileHeader(), 1);
+        copy->SetProfile(file.GetProfile());
+        EXPECT_EQ(copy->WriteFileHeader(), 1);
+        while (const Record* record = file.Next())
+            EXPECT_EQ(copy.Write(record), 1);
+        copy->Close();
+        return folder_.Get("copy.xml");
+    }
+
+    Driver Reading(const std::string& document) {
+        folder_.Put("file.xml", document);
+        return Driver(path_);
+    }
+
+    const ScratchFolder folder_;
+    const std::u16string path_ = folder_.Name("file.xml");
+};
 
 /// The lines that a body writes to the log, without "ORVALE - " and the name of the class, and without addresses.
 inline std::string LogOf(const std::string& className, const std::function<void()>& body) {
@@ -85,10 +98,9 @@ inline std::string LogOf(const std::string& className, const std::function<void(
     return text;
 }
 
-inline std::string Replaced(std::string text, const std::string& from, const std::string& to) {
-    const std::size_t found = text.find(from);
-    EXPECT_NE(found, std::string::npos) << from;
-    return found != std::string::npos ? text.replace(found, from.size(), to) : text;
+/// The lines of an operation with an outcome, and of one without.
+inline std::string Lines(const std::string& name, const std::string& outcome, const std::string& inner = {}) {
+    return name + " : Begin\n" + inner + (outcome.empty() ? "" : name + " : " + outcome + "\n") + name + " : Finish\n";
 }
 
 }  // namespace orvale::test
