@@ -104,6 +104,10 @@ check_document() {  # DOCUMENT
 }
 
 mapfile -t documents < <(git ls-files '*.md')
+if ((${#documents[@]} == 0)); then
+    echo "git knows no document here." >&2
+    exit 1
+fi
 for document in "${documents[@]}"; do
     check_document "$document"
 done
