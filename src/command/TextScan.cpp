@@ -84,10 +84,10 @@ class Scanner {
             hasValue_ = hasValue_ || colon + 1 < line.size();
         }
         // The reader decodes every value, and of a line that joined one all of it.
-        if (id == PROPERTY_UNKNOWN)
-            Decode(line);
-        else if (id != PROPERTY_IGNORED)
+        if (id != PROPERTY_UNKNOWN && id != PROPERTY_IGNORED)
             Decode(line.substr(colon + 1));
+        else if (id == PROPERTY_UNKNOWN && hasValue_)
+            Decode(line);
         logical_.clear();
         parts_ = 0;
     }

@@ -37,6 +37,13 @@ std::u16string GroupsOf(const CContactItem& contact) {
     return groups;
 }
 
+// "(5 text)", or one of the two alone.
+std::u16string ExtrasOf(const CContactField& field) {
+    if (field.extraText.empty()) return Format(u"(%u)", field.extraNumber);
+    return field.extraNumber == 0 ? u"(" + field.extraText + u")"
+                                  : Format(u"(%u %s)", field.extraNumber, field.extraText);
+}
+
 }  // namespace
 
 void RecordPrinter<CContactItem>::Print(const CContactItem& contact) {
@@ -54,7 +61,7 @@ void RecordPrinter<CContactItem>::Print(const CContactItem& contact) {
         const bool inTitle = field->Type == CF_FULL_NAME && (field->Data == title || field->Data.empty());
         if (!inTitle) screen_.Row(ContactFieldCaption(field->Type), field->Data);
         if (field->extraNumber != 0 || !field->extraText.empty())
-            screen_.Row(inTitle ? "full name" : "", Format(u"(%u %s)", field->extraNumber, field->extraText));
+            screen_.Row(inTitle ? "full name" : "", ExtrasOf(*field));
     }
 }
 
