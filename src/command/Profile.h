@@ -18,11 +18,6 @@ inline ProfileShape ShapeOf(const SharedProfile& profile) {
     return profile ? static_cast<ProfileShape>(profile->index() + 1) : ProfileShape::kNone;
 }
 
-/// The shape that a suite of a kind takes.
-inline ProfileShape SuiteShape(std::size_t kind) {
-    return static_cast<ProfileShape>(kind + 2);
-}
-
 /// The address of the profile object that a shape's file objects take and give.
 inline const void* AddressOf(const SharedProfile& profile) {
     return profile ? std::visit([](const auto& each) -> const void* { return &each; }, *profile) : nullptr;

@@ -10,17 +10,20 @@
 namespace orvale {
 namespace {
 
+// Makes room in parallel lists for as many rows as the document has. A writer has const lists and needs none.
+template <class... Lists>
+auto ResizerOf(Lists&... lists) {
+    return [&]([[maybe_unused]] std::size_t size) {
+        if constexpr ((!std::is_const_v<Lists> && ...)) (lists.resize(size), ...);
+    };
+}
+
 // ---- the objects, each told once; they are const when the archive writes
 
 template <class Archive, class Columns>
 requires std::is_same_v<std::remove_const_t<Columns>, CCSVProfile>
 void VisitJson(Archive& archive, Columns& profile) {
-    const auto resize = [&]([[maybe_unused]] std::size_t size) {
-        if constexpr (!std::is_const_v<Columns>) {
-            profile.captions.resize(size);
-            profile.typeIds.resize(size);
-        }
-    };
+    const auto resize = ResizerOf(profile.captions, profile.typeIds);
     archive.Rows("columns", profile.captions.size(), resize, [&](auto& row, std::size_t i) {
         row.Text("caption", profile.captions[i]);
         row.SignedInt("type", profile.typeIds.at(i));
@@ -29,14 +32,7 @@ void VisitJson(Archive& archive, Columns& profile) {
 
 template <class Archive, class Device>
 void VisitTypeSet(Archive& archive, Device& device) {
-    const auto resize = [&]([[maybe_unused]] std::size_t size) {
-        if constexpr (!std::is_const_v<Device>) {
-            device.typeIds.resize(size);
-            device.typeLabels.resize(size);
-            device.typeIcons.resize(size);
-            device.typeLengths.resize(size);
-        }
-    };
+    const auto resize = ResizerOf(device.typeIds, device.typeLabels, device.typeIcons, device.typeLengths);
     archive.Rows("typeset", device.typeIds.size(), resize, [&](auto& row, std::size_t i) {
         row.SignedInt("id", device.typeIds[i]);
         row.Text("label", device.typeLabels.at(i));
@@ -47,12 +43,7 @@ void VisitTypeSet(Archive& archive, Device& device) {
 
 template <class Archive, class Device>
 void VisitGroups(Archive& archive, Device& device) {
-    const auto resize = [&]([[maybe_unused]] std::size_t size) {
-        if constexpr (!std::is_const_v<Device>) {
-            device.groupIds.resize(size);
-            device.groupLabels.resize(size);
-        }
-    };
+    const auto resize = ResizerOf(device.groupIds, device.groupLabels);
     archive.Rows("groups", device.groupIds.size(), resize, [&](auto& row, std::size_t i) {
         row.SignedInt("id", device.groupIds[i]);
         row.Text("label", device.groupLabels.at(i));
@@ -116,24 +107,13 @@ void VisitSmsBox(Archive& archive, Box& box) {
     archive.Int("position", box.position);
     archive.Text("location", box.location);
     archive.Int("config", box.config);
-    const auto resizeDisplays = [&]([[maybe_unused]] std::size_t size) {
-        if constexpr (!std::is_const_v<Box>) {
-            box.displayLabels.resize(size);
-            box.displayIndexes.resize(size);
-            box.displayWidths.resize(size);
-        }
-    };
+    const auto resizeDisplays = ResizerOf(box.displayLabels, box.displayIndexes, box.displayWidths);
     archive.Rows("displays", box.displayLabels.size(), resizeDisplays, [&](auto& row, std::size_t i) {
         row.Text("label", box.displayLabels[i]);
         row.SignedInt("index", box.displayIndexes.at(i));
         row.SignedInt("width", box.displayWidths.at(i));
     });
-    const auto resizeSubboxes = [&]([[maybe_unused]] std::size_t size) {
-        if constexpr (!std::is_const_v<Box>) {
-            box.subboxIds.resize(size);
-            box.subboxNames.resize(size);
-        }
-    };
+    const auto resizeSubboxes = ResizerOf(box.subboxIds, box.subboxNames);
     archive.Rows("subboxes", box.subboxIds.size(), resizeSubboxes, [&](auto& row, std::size_t i) {
         row.SignedInt("id", box.subboxIds[i]);
         row.Text("name", box.subboxNames.at(i));
@@ -150,12 +130,7 @@ void VisitJson(Archive& archive, Sms& profile) {
     archive.Int("MaxSSMPageDBC", profile.MaxSSMPageDBC);
     archive.Int("MaxLSMPageEng", profile.MaxLSMPageEng);
     archive.Int("MaxLSMPageDBC", profile.MaxLSMPageDBC);
-    const auto resize = [&]([[maybe_unused]] std::size_t size) {
-        if constexpr (!std::is_const_v<Sms>) {
-            profile.storageIds.resize(size);
-            profile.storageNames.resize(size);
-        }
-    };
+    const auto resize = ResizerOf(profile.storageIds, profile.storageNames);
     archive.Rows("storages", profile.storageIds.size(), resize, [&](auto& row, std::size_t i) {
         row.SignedInt("id", profile.storageIds[i]);
         row.Text("name", profile.storageNames.at(i));
