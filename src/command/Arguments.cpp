@@ -83,7 +83,7 @@ void AddOptions(CLI::App& app, Arguments& arguments, int& codePage) {
                        "a phone's profile or the columns of a CSV file, as JSON; once for each side")
             ->type_name("FILE")
             ->allow_extra_args(false);
-        app.add_flag("--with-passwords", shows ? arguments.show.withPasswords : arguments.convert.withPasswords,
+        app.add_flag("--with-passwords", shows ? arguments.show.withPasswords : arguments.convert.options.withPasswords,
                      "show passwords, and keep them in JSON");
     }
     if (arguments.verb == Verb::kShow) {

@@ -27,7 +27,7 @@ ExitCode ListFormats(bool json) {
         line.resize(28, ' ');
         line += row.extension;
         line.resize(36, ' ');
-        line += row.writes ? "reads, writes" : "reads";
+        line += !row.Reads() ? "writes" : row.writes ? "reads, writes" : "reads";
         std::cout << line << '\n';
     }
     return ExitCode::kDone;

@@ -165,7 +165,7 @@ ExitCode ConvertRecords(const Conversion& work) {
         TellUser(ErrorLine(name, place, "damaged from here on and left out"));
     };
     if (order.partial && work.names.size() > 1) inputs.onEmpty = [](const std::string& line) { TellUser(line); };
-    RecordOutput output(work.library, work.to, work.kind, order.output, order.force, work.profile, order.withPasswords);
+    RecordOutput output(work.library, work.to, work.kind, order.output, order.force, work.profile, order.options);
     while (const Record* record = inputs.Next<Record>())
         output.Put(*record);
     output.Finish();
@@ -177,11 +177,13 @@ ExitCode ConvertRecords(const Conversion& work) {
                        work.names.front().name);
     for (std::size_t i = 0; i < work.names.size(); ++i)
         AddScan(report, work.names[i], inputs.BrokenAt()[i]);
-    const JsonNotes notes = output.Notes();
-    if (notes.replaced != 0) report.AddLoss("halves of characters that JSON can't tell", notes.replaced, order.output);
-    if (notes.hiddenPasswords != 0)
-        TellUser(ErrorLine(order.output, "", "passwords are left out; --with-passwords keeps them"));
-    if (order.verify) Verify<Record>(report, work, output);
+    for (const Note& note : inputs.Notes())
+        report.AddLoss(note.what, note.count, note.firstPlace);
+    for (const Note& note : output.Losses())
+        report.AddLoss(note.what, note.count, note.firstPlace.empty() ? order.output : note.firstPlace);
+    for (const std::string& line : output.Remarks())
+        TellUser(ErrorLine(order.output, "", line));
+    if (order.verify && work.to.Reads()) Verify<Record>(report, work, output);
     for (const std::string& line : report.Lines())
         TellUser(ErrorLine(order.output, "", line));
     if (order.strict && report.HasLoss()) {
@@ -212,7 +214,7 @@ ExitCode Convert(const LoadedLibrary& library, const ConvertOrder& order) {
     const GivenProfiles given = ReadGivenProfiles(order.profiles, info.kind, inputTakes, to);
     for (InputName& name : names)
         name.columns = given.input;
-    const bool keepsOwn = info.profile && (!to->type || to->profile == ShapeOf(info.profile));
+    const bool keepsOwn = info.profile && to->Takes(ShapeOf(info.profile));
     Conversion work{library, order, names, *to, info.kind, given.output, true, false};
     if (!work.profile && keepsOwn) work.profile = info.profile;
     work.dropsProfile = info.profile && !keepsOwn && !given.output;

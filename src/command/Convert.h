@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "command/CommandError.h"
+#include "command/RecordSink.h"
 #include "host/LoadedLibrary.h"
 
 namespace orvale {
@@ -15,7 +16,7 @@ struct ConvertOrder {
     std::string from;                   ///< the format of the inputs; empty to find it
     std::string to;                     ///< the format of the output; empty to go by its extension
     std::vector<std::string> profiles;  ///< files of --profile
-    bool withPasswords = false;
+    OutputOptions options;
     bool force = false;
     bool partial = false;
     bool strict = false;

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "command/CommandError.h"
+#include "command/json/JsonDocument.h"
 
 namespace orvale {
 namespace {
@@ -32,7 +33,10 @@ constexpr Addition kAdditions[] = {
     {FileFormat::kEml, EndRule::kBytesLeft, ProfileShape::kNone},
 };
 
-constexpr FormatRow kJson{"json", std::nullopt, ".json", std::nullopt, true, EndRule::kNone, ProfileShape::kNone};
+// The command's own formats, in the order in which they are asked whether a file is theirs.
+constexpr FormatRow kOwnFormats[] = {
+    {"json", std::nullopt, ".json", std::nullopt, true, EndRule::kNone, ProfileShape::kAny, &kJsonFormat},
+};
 
 const Addition& AdditionOf(FileFormat type) {
     for (const Addition& row : kAdditions)
@@ -48,7 +52,7 @@ const std::vector<FormatRow>& Table() {
             rows.push_back(
                 {info.name, info.kind, info.extension, info.format, info.writes, more.endRule, more.profile});
         }
-        rows.push_back(kJson);
+        rows.insert(rows.end(), std::begin(kOwnFormats), std::end(kOwnFormats));
         return rows;
     }();
     return table;
@@ -58,12 +62,6 @@ const FormatRow* RowOf(std::string_view name) {
     for (const FormatRow& row : Table())
         if (row.name == name) return &row;
     return nullptr;
-}
-
-bool LooksLikeJson(std::string_view head) {
-    if (head.starts_with("\xEF\xBB\xBF")) head.remove_prefix(3);
-    const std::size_t first = head.find_first_not_of(" \t\r\n");
-    return first != std::string_view::npos && head[first] == '{';
 }
 
 // How many letters have to be changed, put in or taken out to make one word of another.
@@ -101,10 +99,12 @@ const FormatRow& FormatOfName(std::string_view name) {
 }
 
 const FormatRow* DetectFormat(const std::filesystem::path& path) {
-    if (const FormatInfo* info = DetectByContent(path)) return RowOf(info->name);
-    const std::optional<std::string> head = ReadHead(path);
-    if (head && LooksLikeJson(*head)) return RowOf(kJson.name);
-    return FormatOfExtension(path, std::nullopt);
+    const FormatInfo* const info = DetectByContent(path);
+    const FormatRow* const found = info != nullptr ? RowOf(info->name) : nullptr;
+    if (const std::optional<std::string> head = ReadHead(path))
+        for (const FormatRow& row : kOwnFormats)
+            if (row.own->claims(path, *head, found)) return RowOf(row.name);
+    return found != nullptr ? found : FormatOfExtension(path, std::nullopt);
 }
 
 const FormatRow* FormatOfFolders() {
@@ -126,13 +126,15 @@ std::string ExtensionOf(const std::filesystem::path& path) {
 
 const FormatRow* FormatOfExtension(const std::filesystem::path& path, std::optional<Kind> kind) {
     const std::string extension = ExtensionOf(path);
-    std::vector<const FormatRow*> found;
+    const FormatRow* first = nullptr;
+    bool ofOneKind = true;
     for (const FormatRow& row : Table()) {
         if (row.extension != extension) continue;
         if (kind && row.kind == kind) return &row;
-        found.push_back(&row);
+        if (first == nullptr) first = &row;
+        ofOneKind = ofOneKind && row.kind == first->kind;
     }
-    return found.size() == 1 ? found.front() : nullptr;
+    return ofOneKind ? first : nullptr;
 }
 
 bool IsKnownExtension(const std::filesystem::path& path) {

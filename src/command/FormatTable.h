@@ -1,11 +1,15 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <optional>
+#include <ostream>
 #include <span>
 #include <string_view>
 
 #include "command/Profile.h"
+#include "command/RecordSink.h"
+#include "command/RecordSource.h"
 #include "host/Formats.h"
 
 namespace orvale {
@@ -22,7 +26,23 @@ enum class EndRule {
     kNone,            ///< there is no telling, or no cut that reads
 };
 
-/// A format as the command works with it: the module's twelve and the JSON document.
+struct FormatRow;
+
+/// How the command reads and writes a format of its own.
+struct OwnFormat {
+    /// Opens a file, which failures call by `shownName`; null for a format that is never read.
+    std::unique_ptr<RecordSource> (*open)(const std::filesystem::path& path, const std::string& shownName);
+
+    /// Begins a file of records of a kind; null for a format that is never written.
+    std::unique_ptr<RecordSink> (*create)(std::ostream& out, Kind kind, const SharedProfile& profile,
+                                          const OutputOptions& options);
+
+    /// Whether a file that begins so is one of this format. `found` is the format of the module that its content
+    /// tells, or null: a claim on top of one takes the file over.
+    bool (*claims)(const std::filesystem::path& path, std::string_view head, const FormatRow* found);
+};
+
+/// A format as the command works with it: the module's twelve and the command's own.
 struct FormatRow {
     std::string_view name;
     std::optional<Kind> kind;  ///< none where a file of the format may hold any kind
@@ -30,12 +50,17 @@ struct FormatRow {
     std::optional<FileFormat> type;  ///< none for a format of the command's own
     bool writes;
     EndRule endRule;
-    ProfileShape profile;  ///< what it takes; a file of columns is read by one as well
+    ProfileShape profile;            ///< what it takes; a file of columns is read by one as well
+    const OwnFormat* own = nullptr;  ///< null for one of the module's
+
+    bool Reads() const { return own == nullptr || own->open != nullptr; }
+
+    bool Takes(ProfileShape shape) const { return profile == ProfileShape::kAny || profile == shape; }
 };
 
 /// Whether a format is one of the XML suites: these carry a profile and are parsed and saved as a whole.
 inline bool IsSuite(const FormatRow& format) {
-    return format.profile != ProfileShape::kNone && format.profile != ProfileShape::kColumns;
+    return format.type && format.profile != ProfileShape::kNone && format.profile != ProfileShape::kColumns;
 }
 
 /// The command's one table of formats.
@@ -51,7 +76,7 @@ const FormatRow* DetectFormat(const std::filesystem::path& path);
 const FormatRow* FormatOfFolders();
 
 /// The format that an extension tells; null if it tells none. Where several formats have it, the one of the kind, and
-/// none of them if no kind is given.
+/// none of them if no kind is given and they are of several.
 const FormatRow* FormatOfExtension(const std::filesystem::path& path, std::optional<Kind> kind);
 
 /// Whether some format has the extension of a path.

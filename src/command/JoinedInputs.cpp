@@ -18,6 +18,8 @@ void JoinedInputs::JudgeEnd() {
         onEmpty(line);
     }
     passedOver_ += input_->PassedOver();
+    for (Note& note : input_->Notes())
+        notes_.push_back({std::move(note.what), note.count, name.name + ", " + note.firstPlace});
     brokenAt_[place_] = input_->BrokenAt();
     if (brokenAt_[place_] && onDamage) onDamage(name.name, PlaceOfDamage(*input_, *brokenAt_[place_]));
 }

@@ -41,6 +41,9 @@ class JoinedInputs {
     /// How many records that could not be read were passed over.
     std::size_t PassedOver() const { return passedOver_; }
 
+    /// What of the inputs found no place in a record, as far as their formats tell.
+    const std::vector<Note>& Notes() const { return notes_; }
+
     /// Called at each file that holds no record where one is due; without it such a file ends the work.
     std::function<void(const std::string& line)> onEmpty;
 
@@ -56,6 +59,7 @@ class JoinedInputs {
     std::vector<std::optional<std::uint64_t>> brokenAt_;
     SharedProfile profile_;
     std::size_t passedOver_ = 0;
+    std::vector<Note> notes_;
     std::size_t place_ = 0;
     std::size_t count_ = 0;
     std::unique_ptr<RecordInput> input_;

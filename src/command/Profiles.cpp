@@ -141,6 +141,7 @@ SharedProfile CopyOfProfile(CFileInterface& file, ProfileShape shape) {
             return CopyAs<CEmailProfile>(profile);
         case ProfileShape::kNone:
         case ProfileShape::kColumns:
+        case ProfileShape::kAny:
             break;
     }
     return nullptr;
@@ -177,7 +178,7 @@ GivenProfiles ReadGivenProfiles(const std::vector<std::string>& files, Kind kind
     for (const std::string& file : files) {
         const SharedProfile profile = ReadProfileFile(file, kind);
         const ProfileShape shape = ShapeOf(profile);
-        const bool outputTakes = output != nullptr && (!output->type || output->profile == shape);
+        const bool outputTakes = output != nullptr && output->Takes(shape);
         if (shape == ProfileShape::kColumns && inputTakesColumns && !given.input)
             given.input = profile;
         else if (profile && outputTakes && !given.output)

@@ -38,8 +38,9 @@ std::uint64_t EndOfSmsRecord(const std::filesystem::path& path, std::uint64_t st
 }  // namespace
 
 RecordInput::RecordInput(const LoadedLibrary& library, const InputName& input) : input_(input) {
-    if (!input.format->type) {
-        document_.emplace(input.name, input.name);
+    if (input.format->own != nullptr) {
+        own_ = input.format->own->open(input.name, input.name);
+        profile_ = own_->GetProfile();
         return;
     }
     try {
@@ -79,7 +80,7 @@ bool RecordInput::IsCutRecord(const CSMSItem& sms) const {
 }
 
 std::optional<std::uint64_t> RecordInput::BrokenAt() {
-    if (document_) return document_->BrokenAt();
+    if (own_) return own_->BrokenAt();
     const EndRule rule = input_.format->endRule;
     if (!file_ || !headerRead_ || rule == EndRule::kNone || rule == EndRule::kOneRecord) return std::nullopt;
     if (wholeEnd_ >= length_) return std::nullopt;

@@ -3,6 +3,7 @@
 #include <any>
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -10,7 +11,6 @@
 #include "command/Flatten.h"
 #include "command/FormatTable.h"
 #include "command/Kinds.h"
-#include "command/json/JsonDocument.h"
 #include "host/RecordFile.h"
 #include "platform/Interrupt.h"
 
@@ -30,16 +30,16 @@ class RecordInput {
  public:
     RecordInput(const LoadedLibrary& library, const InputName& input);
 
-    Kind GetKind() const { return document_ ? document_->GetKind() : *input_.format->kind; }
+    Kind GetKind() const { return own_ ? own_->GetKind() : *input_.format->kind; }
     const InputName& Name() const { return input_; }
 
     /// The profile that the file carries, or none.
-    const SharedProfile& GetProfile() const { return document_ ? document_->GetProfile() : profile_; }
+    const SharedProfile& GetProfile() const { return profile_; }
 
     /// How many records that could not be read were passed over so far, in a format that goes on behind them.
     std::size_t PassedOver() const { return passedOver_; }
 
-    // A JSON document answers like a native file that is in order.
+    // A format of the command's own answers like a native file that is in order.
     std::int32_t FileVersion() { return file_ ? file_->FileVersion() : 1; }
     bool HeaderRead() const { return headerRead_; }
     std::int32_t Verify() const { return verifyCode_; }
@@ -48,7 +48,7 @@ class RecordInput {
     template <class Record>
     const Record* Next() {
         ThrowIfInterrupted();
-        const Record* const record = document_ ? NextOfDocument<Record>() : NextOfFile<Record>();
+        const Record* const record = own_ ? NextOfOwn<Record>() : NextOfFile<Record>();
         if (record != nullptr) ++count_;
         return record;
     }
@@ -59,11 +59,14 @@ class RecordInput {
     /// Once Next gave null: the offset at which a damaged record begins; none if the file is whole.
     std::optional<std::uint64_t> BrokenAt();
 
+    /// Once Next gave null: what of the file found no place in a record, as far as its format tells.
+    std::vector<Note> Notes() const { return own_ ? own_->Notes() : std::vector<Note>(); }
+
  private:
     template <class Record>
-    const Record* NextOfDocument() {
+    const Record* NextOfOwn() {
         auto& record = record_.emplace<Record>();
-        return document_->Next(record) ? &record : nullptr;
+        return own_->Next(record) ? &record : nullptr;
     }
 
     template <class Record>
@@ -108,8 +111,8 @@ class RecordInput {
 
     InputName input_;
     std::optional<RecordFile> file_;
-    std::optional<JsonDocument> document_;
-    std::any record_;  // of a document
+    std::unique_ptr<RecordSource> own_;
+    std::any record_;  // of a format of the command's own
     SharedProfile profile_;
     std::u16string firstRecord_;  // as one text; empty before there is one
     std::size_t leadingZeros_ = 0;

@@ -22,7 +22,7 @@ std::string NumberedName(std::size_t number, std::string_view extension) {
 }  // namespace
 
 RecordOutput::RecordOutput(const LoadedLibrary& library, const FormatRow& format, Kind kind, std::string target,
-                           bool replaces, SharedProfile profile, bool withPasswords)
+                           bool replaces, SharedProfile profile, const OutputOptions& options)
     : library_(library),
       format_(format),
       target_(std::move(target)),
@@ -32,12 +32,12 @@ RecordOutput::RecordOutput(const LoadedLibrary& library, const FormatRow& format
         HoldTarget();
         single_.emplace(target_);
         files_.push_back(single_->TemporaryPath());
-        if (format.type) {
+        if (format.own == nullptr) {
             OpenFile(files_.back());
         } else {
             stream_.open(files_.back(), std::ios::binary | std::ios::trunc);
             if (!stream_) throw std::system_error(errno, std::generic_category());
-            document_.emplace(stream_, kind, profile_, withPasswords);
+            own_ = format.own->create(stream_, kind, profile_, options);
         }
     } catch (const std::system_error& error) {
         FailFile(target_, "", SystemReason(error.code()));
@@ -88,8 +88,8 @@ void RecordOutput::Finish() {
     // A suite is saved by its Close, which tells no failure.
     std::error_code error;
     if (file_ && IsSuite(format_) && (fs::file_size(files_.back(), error) == 0 || error)) FailWrite(false);
-    if (!document_) return;
-    document_->Finish();
+    if (!own_) return;
+    own_->Finish();
     stream_.close();
     if (!stream_) FailWrite();
 }

@@ -2,12 +2,12 @@
 
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "command/FormatTable.h"
-#include "command/json/JsonDocument.h"
 #include "host/RecordFile.h"
 #include "platform/AtomicFile.h"
 #include "platform/PendingFolder.h"
@@ -22,13 +22,13 @@ class RecordOutput {
     /// A target that is there is replaced only where `replaces` says so, also one that comes into being meanwhile; it
     /// is held against other programs until then.
     RecordOutput(const LoadedLibrary& library, const FormatRow& format, Kind kind, std::string target, bool replaces,
-                 SharedProfile profile, bool withPasswords);
+                 SharedProfile profile, const OutputOptions& options);
 
     template <class Record>
     void Put(const Record& record) {
         if (OneRecordAFile() && count_ != 0) NextFile();
         ++count_;
-        const bool written = document_ ? (document_->Put(record), static_cast<bool>(stream_)) : WriteToFile(record);
+        const bool written = own_ ? (own_->Put(record), static_cast<bool>(stream_)) : WriteToFile(record);
         if (!written) FailWrite();
     }
 
@@ -41,8 +41,9 @@ class RecordOutput {
     /// Puts the output in its place.
     void Commit();
 
-    /// What is to be told of a JSON document.
-    JsonNotes Notes() const { return document_ ? document_->Notes() : JsonNotes(); }
+    /// What was lost in writing that the reading back doesn't tell, and what else the user should know, a line each.
+    std::vector<Note> Losses() const { return own_ ? own_->Losses() : std::vector<Note>(); }
+    std::vector<std::string> Remarks() const { return own_ ? own_->Remarks() : std::vector<std::string>(); }
 
  private:
     // The captions of a file of columns come last: its writer adds columns as it goes.
@@ -70,7 +71,7 @@ class RecordOutput {
     std::vector<std::string> files_;
     std::optional<RecordFile> file_;
     std::ofstream stream_;
-    std::optional<JsonDocumentWriter> document_;
+    std::unique_ptr<RecordSink> own_;
     std::size_t count_ = 0;
 };
 

@@ -5,6 +5,7 @@
 #include "command/JoinedInputs.h"
 #include "command/Kinds.h"
 #include "command/Profiles.h"
+#include "command/json/JsonDocument.h"
 #include "command/json/ProfileJson.h"
 #include "command/show/RecordPrinter.h"
 #include "platform/Text.h"
@@ -12,18 +13,16 @@
 namespace orvale {
 namespace {
 
-constexpr std::string_view kPasswordsHidden = "passwords are left out; --with-passwords shows them";
-
 template <class Record>
 void ShowJson(JoinedInputs& input, const ShowOrder& order, Kind kind, const SharedProfile& profile) {
     JsonDocumentWriter writer(std::cout, kind, order.noProfile ? nullptr : profile, order.withPasswords);
     for (const Record* record = nullptr; !order.profileOnly && (record = input.Next<Record>()) != nullptr;)
         writer.Put(*record);
     writer.Finish();
-    if (writer.Notes().hiddenPasswords != 0) TellUser(ErrorLine(order.file, "", kPasswordsHidden));
-    if (writer.Notes().replaced == 0) return;
-    const std::string count = std::to_string(writer.Notes().replaced);
-    TellUser(ErrorLine(order.file, "", count + " halves of characters stand alone, which JSON can't tell"));
+    for (const std::string& line : writer.Remarks())
+        TellUser(ErrorLine(order.file, "", line));
+    for (const Note& loss : writer.Losses())
+        TellUser(ErrorLine(order.file, "", "lost: " + loss.what + ": " + std::to_string(loss.count)));
 }
 
 template <class Record>

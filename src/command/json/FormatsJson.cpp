@@ -24,7 +24,7 @@ std::string FormatsJson() {
         object["kind"] = row.kind ? OrderedJson(KindWord(*row.kind)) : OrderedJson();
         object["extension"] = row.extension;
         object["type"] = row.type ? OrderedJson(static_cast<FileType>(*row.type)) : OrderedJson();
-        object["reads"] = true;
+        object["reads"] = row.Reads();
         object["writes"] = row.writes;
         list.push_back(std::move(object));
     }

@@ -5,7 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "command/CommandError.h"
-#include "command/FormatTable.h"
+#include "command/Kinds.h"
 #include "command/json/ProfileJson.h"
 
 namespace orvale {
@@ -14,7 +14,35 @@ namespace {
 constexpr std::array kKinds{Kind::kContacts, Kind::kCalendar, Kind::kSms, Kind::kEmail};
 constexpr int kVersion = 1;
 
+bool LooksLikeJson(const std::filesystem::path&, std::string_view head, const FormatRow* found) {
+    if (found != nullptr) return false;
+    if (head.starts_with("\xEF\xBB\xBF")) head.remove_prefix(3);
+    const std::size_t first = head.find_first_not_of(" \t\r\n");
+    return first != std::string_view::npos && head[first] == '{';
+}
+
 }  // namespace
+
+constexpr OwnFormat kJsonFormat{
+    [](const std::filesystem::path& path, const std::string& shownName) -> std::unique_ptr<RecordSource> {
+        return std::make_unique<JsonDocument>(path, shownName);
+    },
+    [](std::ostream& out, Kind kind, const SharedProfile& profile,
+       const OutputOptions& options) -> std::unique_ptr<RecordSink> {
+        return std::make_unique<JsonDocumentWriter>(out, kind, profile, options.withPasswords);
+    },
+    &LooksLikeJson,
+};
+
+template <class Record>
+bool JsonDocument::Fill(Record& record) {
+    const JsonPointer value = NextValue();
+    if (!value) return false;
+    JsonReader reader(*value, text_.ShownName(), Place());
+    VisitJson(reader, record);
+    reader.Finish();
+    return true;
+}
 
 JsonDocument::JsonDocument(const std::filesystem::path& path, std::string shownName)
     : text_(path, std::move(shownName)) {
@@ -122,6 +150,25 @@ JsonDocumentWriter::JsonDocumentWriter(std::ostream& out, Kind kind, const Share
     WriteProfile(buffer_, 2, profile, notes_);
     buffer_ += ",\n  \"records\": [";
     Flush();
+}
+
+template <class Record>
+void JsonDocumentWriter::Append(const Record& record) {
+    Separate();
+    JsonWriter writer(buffer_, 4, notes_);
+    VisitJson(writer, record);
+    writer.Finish();
+    Flush();
+}
+
+std::vector<Note> JsonDocumentWriter::Losses() const {
+    if (notes_.replaced == 0) return {};
+    return {{"halves of characters that JSON can't tell", notes_.replaced, ""}};
+}
+
+std::vector<std::string> JsonDocumentWriter::Remarks() const {
+    if (notes_.hiddenPasswords == 0) return {};
+    return {"passwords are left out; --with-passwords keeps them"};
 }
 
 void JsonDocumentWriter::Separate() {

@@ -4,7 +4,9 @@
 #include <optional>
 #include <ostream>
 #include <string>
+#include <vector>
 
+#include "command/FormatTable.h"
 #include "command/Profile.h"
 #include "command/json/JsonArchive.h"
 #include "command/json/JsonText.h"
@@ -13,30 +15,26 @@
 namespace orvale {
 
 /// The JSON document, read as a stream: what stands before the records at once, then one record after the other.
-class JsonDocument {
+class JsonDocument : public RecordSource {
  public:
     JsonDocument(const std::filesystem::path& path, std::string shownName);
 
-    Kind GetKind() const { return *kind_; }
+    Kind GetKind() const override { return *kind_; }
 
     /// The profile of the document; none if it is null or missing.
-    const SharedProfile& GetProfile() const { return profile_; }
+    SharedProfile GetProfile() const override { return profile_; }
 
     /// Once Next gave false: where the last whole record ends, if the document is cut off behind it.
-    std::optional<std::uint64_t> BrokenAt() const { return brokenAt_; }
+    std::optional<std::uint64_t> BrokenAt() const override { return brokenAt_; }
 
-    /// Fills a record from the next one of the document. False at the end, which may be too early.
-    template <class Record>
-    bool Next(Record& record) {
-        const JsonPointer value = NextValue();
-        if (!value) return false;
-        JsonReader reader(*value, text_.ShownName(), Place());
-        VisitJson(reader, record);
-        reader.Finish();
-        return true;
-    }
+    bool Next(CContactItem& record) override { return Fill(record); }
+    bool Next(CCalendarItem& record) override { return Fill(record); }
+    bool Next(CSMSItem& record) override { return Fill(record); }
+    bool Next(CEmailItem& record) override { return Fill(record); }
 
  private:
+    template <class Record>
+    bool Fill(Record& record);
     void ReadHead();
     std::string TakeKey();
     void TakeHeadValue(const std::string& key);
@@ -57,26 +55,22 @@ class JsonDocument {
     std::optional<std::uint64_t> brokenAt_;
 };
 
-/// Writes the JSON document as a stream. Finish ends it; a failure of the stream is the caller's to look for.
-class JsonDocumentWriter {
+/// Writes the JSON document as a stream.
+class JsonDocumentWriter : public RecordSink {
  public:
     JsonDocumentWriter(std::ostream& out, Kind kind, const SharedProfile& profile, bool withPasswords);
 
-    template <class Record>
-    void Put(const Record& record) {
-        Separate();
-        JsonWriter writer(buffer_, 4, notes_);
-        VisitJson(writer, record);
-        writer.Finish();
-        Flush();
-    }
-
-    void Finish();
-
-    /// What is to be told of what was written so far.
-    const JsonNotes& Notes() const { return notes_; }
+    void Put(const CContactItem& record) override { Append(record); }
+    void Put(const CCalendarItem& record) override { Append(record); }
+    void Put(const CSMSItem& record) override { Append(record); }
+    void Put(const CEmailItem& record) override { Append(record); }
+    void Finish() override;
+    std::vector<Note> Losses() const override;
+    std::vector<std::string> Remarks() const override;
 
  private:
+    template <class Record>
+    void Append(const Record& record);
     void Separate();
     void Flush();
 
@@ -85,5 +79,7 @@ class JsonDocumentWriter {
     JsonNotes notes_;
     bool empty_ = true;
 };
+
+extern const OwnFormat kJsonFormat;
 
 }  // namespace orvale
