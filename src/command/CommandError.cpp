@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <iostream>
 
+#include "command/Progress.h"
 #include "command/show/Screen.h"
 #include "platform/Text.h"
 
@@ -33,6 +34,7 @@ std::string SystemReason(const std::error_code& error) {
 }
 
 void TellUser(std::string_view line) {
+    Progress::Clear();
     std::cout.flush();  // what was printed stands before what is told of it
     std::fprintf(stderr, "orvale: %.*s\n", static_cast<int>(line.size()), line.data());
 }

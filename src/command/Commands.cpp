@@ -58,7 +58,7 @@ ExitCode RunCommand(const Arguments& arguments) {
             order.format = arguments.format;
             order.json = arguments.json;
             order.color = arguments.color;
-            return Show(LoadModule(arguments.module), order);
+            return Show(LoadModule(arguments.module), std::move(order));
         }
         case Verb::kConvert: {
             ConvertOrder order = arguments.convert;

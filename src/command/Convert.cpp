@@ -3,12 +3,15 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <fstream>
+#include <iostream>
 
 #include "command/Flatten.h"
 #include "command/JoinedInputs.h"
 #include "command/Kinds.h"
 #include "command/LossReport.h"
 #include "command/Profiles.h"
+#include "command/Progress.h"
 #include "command/RecordOutput.h"
 #include "command/TextScan.h"
 #include "command/json/ProfileJson.h"
@@ -33,6 +36,7 @@ const FormatRow* OutputFormat(const ConvertOrder& order, std::optional<Kind> kin
 }
 
 void RequirePlaceFor(const ConvertOrder& order) {
+    if (order.output == kStandardStream) return;
     std::error_code ignored;
     const fs::file_status status = fs::status(order.output, ignored);
     if (!fs::exists(status)) return;
@@ -43,18 +47,34 @@ void RequirePlaceFor(const ConvertOrder& order) {
     if (!order.force) FailFile(order.output, "", "exists already; --force replaces it");
 }
 
+constexpr const char* kStandardOutput = "standard output";
+
+std::unique_ptr<const TemporaryFile> MakeSpool() {
+    try {
+        return std::make_unique<TemporaryFile>();
+    } catch (const std::system_error& error) {
+        FailFile(kStandardOutput, "", SystemReason(error.code()));
+    }
+}
+
+void CopyToStandardOutput(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    if (in.peek() != std::ifstream::traits_type::eof()) std::cout << in.rdbuf();
+    if (!in) FailFile(kStandardOutput, "", "its temporary file can't be read");
+}
+
 // What the reader of an input could not make out, up to where the input is whole.
 void AddScan(LossReport& report, const InputName& input, std::optional<std::uint64_t> brokenAt) {
     if (input.format->profile == ProfileShape::kColumns) {
         const std::vector<std::u16string> unknown =
-            UnknownCaptions(input.name, input.columns ? input.columns : BuiltInColumnsFor(input.name));
+            UnknownCaptions(input.path, input.columns ? input.columns : BuiltInColumnsFor(input.path));
         for (const std::u16string& caption : unknown)
             report.AddLoss("column '" + Quote(ToUtf8(caption)) + "', which nobody knows; --profile can tell what it is",
                            1, input.name);
     }
     const bool isVCard = input.format->type == FileFormat::kVCard;
     if (!isVCard && input.format->type != FileFormat::kVCalendar) return;
-    const TextScan scan = isVCard ? ScanVCard(input.name, brokenAt.value_or(UINT64_MAX)) : ScanVCalendar(input.name);
+    const TextScan scan = isVCard ? ScanVCard(input.path, brokenAt.value_or(UINT64_MAX)) : ScanVCalendar(input.path);
     const auto add = [&](const std::string& what, const TextScan::Finding& finding) {
         if (finding.count == 0) return;
         report.AddLoss(what, finding.count, input.name + ", line " + std::to_string(finding.firstLine));
@@ -99,12 +119,13 @@ void Compare(LossReport& report, const Record& before, const Record& after, std:
 
 template <class Record>
 void CompareWithInputs(LossReport& report, JoinedInputs& inputs, JoinedInputs& written, const std::string& shownName,
-                       bool throughUtf8) {
+                       bool throughUtf8, std::size_t total) {
+    Progress progress("checking", shownName);
     std::u16string flatBefore;
     std::u16string flatAfter;
     std::size_t number = 0;
     while (const Record* before = inputs.Next<Record>()) {
-        ++number;
+        progress.Tick(++number, total);
         const Record* const after = written.Next<Record>();
         if (after == nullptr)
             FailFile(shownName, "record " + std::to_string(number), "was written and can't be read back");
@@ -120,12 +141,15 @@ void CompareWithInputs(LossReport& report, JoinedInputs& inputs, JoinedInputs& w
 struct Conversion {
     const LoadedLibrary& library;
     const ConvertOrder& order;
+    const std::string& outputName;  // what lines about it call it
+    const std::string& outputPath;
     std::vector<InputName> names;
     const FormatRow& to;
     Kind kind;
     SharedProfile profile;  // of the output
     bool ownProfile;        // it isn't the built-in one
     bool dropsProfile;      // an input has one, and the output takes none
+    bool replaces;          // what stands at the output's place
 };
 
 // What a profile says once it is in a file object, which adds an ending to the driver's name: that is no loss.
@@ -138,11 +162,11 @@ std::vector<Fact> FactsOfKept(const SharedProfile& profile) {
 
 // Reads the new files back and holds them against the inputs.
 template <class Record>
-void Verify(LossReport& report, const Conversion& work, const RecordOutput& output) {
+void Verify(LossReport& report, const Conversion& work, const RecordOutput& output, std::size_t total) {
     std::vector<InputName> files;
     const SharedProfile columns = work.to.profile == ProfileShape::kColumns ? work.profile : nullptr;
     for (const std::string& file : output.Files())
-        files.push_back({file, &work.to, true, columns});
+        files.push_back({work.outputName, file, &work.to, true, columns});
     JoinedInputs again(work.library, work.names);
     if (work.order.partial) again.onEmpty = [](const std::string&) {};
     JoinedInputs written(work.library, files);
@@ -150,9 +174,19 @@ void Verify(LossReport& report, const Conversion& work, const RecordOutput& outp
     written.onDamage = [&](const std::string&, const std::string& place) {
         report.AddLoss("pieces of a value that ends its record", 1, place);
     };
-    CompareWithInputs<Record>(report, again, written, work.order.output, !work.to.type);
+    CompareWithInputs<Record>(report, again, written, work.outputName, !work.to.type, total);
     if (work.ownProfile && work.to.profile != ProfileShape::kColumns)
         report.Compare(FactsOfKept(work.profile), FactsOf(written.FirstProfile(), true), std::string("the profile"));
+}
+
+template <class Record>
+void WriteAll(JoinedInputs& inputs, RecordOutput& output, const std::string& shownName) {
+    Progress progress("writing", shownName);
+    while (const Record* record = inputs.Next<Record>()) {
+        output.Put(*record);
+        progress.Tick(inputs.Count());
+    }
+    output.Finish();
 }
 
 template <class Record>
@@ -165,10 +199,9 @@ ExitCode ConvertRecords(const Conversion& work) {
         TellUser(ErrorLine(name, place, "damaged from here on and left out"));
     };
     if (order.partial && work.names.size() > 1) inputs.onEmpty = [](const std::string& line) { TellUser(line); };
-    RecordOutput output(work.library, work.to, work.kind, order.output, order.force, work.profile, order.options);
-    while (const Record* record = inputs.Next<Record>())
-        output.Put(*record);
-    output.Finish();
+    RecordOutput output(work.library, work.to, work.kind, work.outputPath, work.outputName, work.replaces, work.profile,
+                        order.options);
+    WriteAll<Record>(inputs, output, work.outputName);
 
     LossReport report{std::string(RecordWord(work.kind))};
     if (work.dropsProfile) report.AddLoss("profile", 1, work.names.front().name);
@@ -180,14 +213,14 @@ ExitCode ConvertRecords(const Conversion& work) {
     for (const Note& note : inputs.Notes())
         report.AddLoss(note.what, note.count, note.firstPlace);
     for (const Note& note : output.Losses())
-        report.AddLoss(note.what, note.count, note.firstPlace.empty() ? order.output : note.firstPlace);
+        report.AddLoss(note.what, note.count, note.firstPlace.empty() ? work.outputName : note.firstPlace);
     for (const std::string& line : output.Remarks())
-        TellUser(ErrorLine(order.output, "", line));
-    if (order.verify && work.to.Reads()) Verify<Record>(report, work, output);
+        TellUser(ErrorLine(work.outputName, "", line));
+    if (order.verify && work.to.Reads()) Verify<Record>(report, work, output, inputs.Count());
     for (const std::string& line : report.Lines())
-        TellUser(ErrorLine(order.output, "", line));
+        TellUser(ErrorLine(work.outputName, "", line));
     if (order.strict && report.HasLoss()) {
-        TellUser(ErrorLine(order.output, "", "not written, for --strict takes no loss"));
+        TellUser(ErrorLine(work.outputName, "", "not written, for --strict takes no loss"));
         return ExitCode::kLoss;
     }
     output.Commit();
@@ -215,14 +248,21 @@ ExitCode Convert(const LoadedLibrary& library, const ConvertOrder& order) {
     for (InputName& name : names)
         name.columns = given.input;
     const bool keepsOwn = info.profile && to->Takes(ShapeOf(info.profile));
-    Conversion work{library, order, names, *to, info.kind, given.output, true, false};
+    const std::unique_ptr<const TemporaryFile> spool = order.output == kStandardStream ? MakeSpool() : nullptr;
+    const std::string outputName = spool ? kStandardOutput : order.output;
+    const std::string& outputPath = spool ? spool->Path() : order.output;
+    Conversion work{library,      order, outputName, outputPath,          names, *to, info.kind,
+                    given.output, true,  false,      order.force || spool};
     if (!work.profile && keepsOwn) work.profile = info.profile;
     work.dropsProfile = info.profile && !keepsOwn && !given.output;
     if (!work.profile) {
         work.profile = BuiltInProfile(library, names, *to);
         work.ownProfile = false;
     }
-    return VisitKind(info.kind, [&]<class Record>(std::type_identity<Record>) { return ConvertRecords<Record>(work); });
+    const ExitCode code =
+        VisitKind(info.kind, [&]<class Record>(std::type_identity<Record>) { return ConvertRecords<Record>(work); });
+    if (spool && code != ExitCode::kLoss) CopyToStandardOutput(spool->Path());
+    return code;
 }
 
 }  // namespace orvale

@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "command/Kinds.h"
+#include "command/Progress.h"
 #include "command/RecordInput.h"
 #include "command/json/FormatsJson.h"
 #include "command/show/Screen.h"
@@ -22,8 +23,9 @@ FileInfo Gather(RecordInput& input) {
     info.header = input.HeaderRead();
     if (!info.header) return info;
     VisitKind(input.GetKind(), [&]<class Record>(std::type_identity<Record>) {
-        while (input.Next<Record>() != nullptr) {
-        }
+        Progress progress("reading", info.file);
+        while (input.Next<Record>() != nullptr)
+            progress.Tick(input.Count());
     });
     info.records = input.Count();
     if (const auto brokenAt = input.BrokenAt()) {

@@ -6,6 +6,7 @@
 #include <set>
 
 #include "command/CommandError.h"
+#include "command/Progress.h"
 #include "command/json/ProfileJson.h"
 #include "platform/CodePage.h"
 #include "platform/Format.h"
@@ -65,7 +66,9 @@ std::vector<std::pair<std::int32_t, Use>> UsesOf(const LoadedLibrary& library, c
     std::vector<std::pair<std::int32_t, Use>> uses;
     std::map<std::int32_t, std::size_t> places;
     JoinedInputs inputs(library, names);
+    Progress progress("reading", names.front().name);
     while (const CContactItem* contact = inputs.Next<CContactItem>()) {
+        progress.Tick(inputs.Count());
         const auto [place, isNew] = places.emplace(contact->Storage, uses.size());
         if (isNew) uses.emplace_back(contact->Storage, Use());
         Use& use = uses[place->second].second;

@@ -39,15 +39,15 @@ std::uint64_t EndOfSmsRecord(const std::filesystem::path& path, std::uint64_t st
 
 RecordInput::RecordInput(const LoadedLibrary& library, const InputName& input) : input_(input) {
     if (input.format->own != nullptr) {
-        own_ = input.format->own->open(input.name, input.name);
+        own_ = input.format->own->open(input.path, input.name);
         profile_ = own_->GetProfile();
         return;
     }
     try {
         file_.emplace(library, *input.format->type);
-        file_->Open(input.name, OpenMode::kRead);
+        file_->Open(input.path, OpenMode::kRead);
         if (input.format->profile == ProfileShape::kColumns) {
-            profile_ = input.columns ? input.columns : BuiltInColumnsFor(input.name);
+            profile_ = input.columns ? input.columns : BuiltInColumnsFor(input.path);
             file_->Slots().SetProfile(AddressOf(profile_));
             profile_.reset();  // the captions of a file aren't a profile that it carries
         }
@@ -65,7 +65,7 @@ RecordInput::RecordInput(const LoadedLibrary& library, const InputName& input) :
     length_ = file_->Length();
     constexpr std::uintmax_t kSmallestRecord = 10;  // bytes: "<contact/>"
     std::error_code error;
-    const std::uintmax_t size = std::filesystem::file_size(input.name, error);
+    const std::uintmax_t size = std::filesystem::file_size(input.path, error);
     if (!error) mostZeros_ = static_cast<std::size_t>(size / kSmallestRecord + 1);
 }
 
@@ -76,7 +76,7 @@ bool RecordInput::IsCutRecord(const CSMSItem& sms) const {
     if (input_.format->endRule != EndRule::kLastRecordSize || end < length_) return false;
     constexpr std::size_t kNumbers = 7 * 4;  // three values and four lengths
     const std::size_t units = sms.name.size() + sms.phonenumber.size() + sms.content.size() + sms.time.size();
-    return end - wholeEnd_ != kNumbers + 2 * units || EndOfSmsRecord(input_.name, wholeEnd_) != end;
+    return end - wholeEnd_ != kNumbers + 2 * units || EndOfSmsRecord(input_.path, wholeEnd_) != end;
 }
 
 std::optional<std::uint64_t> RecordInput::BrokenAt() {
@@ -84,7 +84,7 @@ std::optional<std::uint64_t> RecordInput::BrokenAt() {
     const EndRule rule = input_.format->endRule;
     if (!file_ || !headerRead_ || rule == EndRule::kNone || rule == EndRule::kOneRecord) return std::nullopt;
     if (wholeEnd_ >= length_) return std::nullopt;
-    if (rule == EndRule::kWhiteSpaceLeft && OnlyWhiteSpaceFrom(input_.name, wholeEnd_)) return std::nullopt;
+    if (rule == EndRule::kWhiteSpaceLeft && OnlyWhiteSpaceFrom(input_.path, wholeEnd_)) return std::nullopt;
     return wholeEnd_;
 }
 
@@ -95,13 +95,13 @@ std::string PlaceOfDamage(const RecordInput& input, std::uint64_t offset) {
 namespace {
 
 InputName ResolveFile(const std::string& name, const std::string& formatName) {
-    if (!formatName.empty()) return {name, &FormatOfName(formatName), true, nullptr};
+    if (!formatName.empty()) return {name, name, &FormatOfName(formatName), true};
     const FormatRow* const format = DetectFormat(name);
     if (format == nullptr) {
         if (!ReadHead(name)) FailFile(name, "", "can't be read");
         FailFile(name, "", "not recognised as any format");
     }
-    return {name, format, false, nullptr};
+    return {name, name, format, false};
 }
 
 // Whether one name comes before another, runs of digits by their value.
@@ -151,15 +151,32 @@ void ResolveFolder(const std::string& name, const std::string& formatName, std::
         TellUser(ErrorLine(other, "", "passed over, for it is no file of the format " + std::string(format.name)));
     std::sort(files.begin(), files.end(), NameComesBefore);
     for (const std::string& file : files)
-        inputs.push_back({file, &format, !formatName.empty(), nullptr});
+        inputs.push_back({file, file, &format, !formatName.empty()});
+}
+
+InputName SpoolStandardInput(const std::string& formatName) {
+    constexpr const char* kName = "standard input";
+    if (formatName.empty()) FailUsage("nothing tells the format of standard input; --format, or --from, names it");
+    try {
+        const auto spool = std::make_shared<TemporaryFile>();
+        spool->TakeStandardInput();
+        return {kName, spool->Path(), &FormatOfName(formatName), true, nullptr, spool};
+    } catch (const std::system_error& error) {
+        FailFile(kName, "", SystemReason(error.code()));
+    }
 }
 
 }  // namespace
 
 std::vector<InputName> ResolveInputs(const std::vector<std::string>& names, const std::string& formatName) {
     if (!formatName.empty()) FormatOfName(formatName);  // a wrong word is told before a wrong file
+    if (std::count(names.begin(), names.end(), kStandardStream) > 1) FailUsage("standard input can be read only once");
     std::vector<InputName> inputs;
     for (const std::string& name : names) {
+        if (name == kStandardStream) {
+            inputs.push_back(SpoolStandardInput(formatName));
+            continue;
+        }
         std::error_code error;
         const std::filesystem::file_status status = std::filesystem::status(name, error);
         if (!std::filesystem::exists(status)) FailFile(name, "", error ? error.message() : "no such file");

@@ -13,15 +13,21 @@
 #include "command/Kinds.h"
 #include "host/RecordFile.h"
 #include "platform/Interrupt.h"
+#include "platform/TemporaryFile.h"
 
 namespace orvale {
 
+/// By this name standard input and standard output are meant.
+constexpr std::string_view kStandardStream = "-";
+
 /// A file to be read: what the user named, and the format that was named with it or found.
 struct InputName {
-    std::string name;
+    std::string name;  ///< what lines about it call it
+    std::string path;
     const FormatRow* format;
     bool formatNamed;
-    SharedProfile columns;  ///< by which a file of columns is read; none for the built-in captions
+    SharedProfile columns = nullptr;                       ///< of a file of columns; none for the built-in captions
+    std::shared_ptr<const TemporaryFile> spool = nullptr;  ///< that holds what standard input gave
 };
 
 /// An open file that gives its records one after the other, whatever its format. What can't be opened ends the work
@@ -128,7 +134,7 @@ class RecordInput {
 
 /// The inputs that names stand for, each with the format of `formatName` if that isn't empty, else with the one that is
 /// found. A folder stands for the vCalendar files in it, in the order of their names, numbers in them by their value.
-/// Ends the work where a file isn't there or nothing tells its format.
+/// "-" is standard input, read to its end. Ends the work where a file isn't there or nothing tells its format.
 std::vector<InputName> ResolveInputs(const std::vector<std::string>& names, const std::string& formatName);
 
 /// Where a damaged record begins, in words.

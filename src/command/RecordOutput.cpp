@@ -22,10 +22,11 @@ std::string NumberedName(std::size_t number, std::string_view extension) {
 }  // namespace
 
 RecordOutput::RecordOutput(const LoadedLibrary& library, const FormatRow& format, Kind kind, std::string target,
-                           bool replaces, SharedProfile profile, const OutputOptions& options)
+                           std::string shownName, bool replaces, SharedProfile profile, const OutputOptions& options)
     : library_(library),
       format_(format),
       target_(std::move(target)),
+      shownName_(std::move(shownName)),
       replaces_(replaces),
       profile_(std::move(profile)) {
     try {
@@ -40,7 +41,7 @@ RecordOutput::RecordOutput(const LoadedLibrary& library, const FormatRow& format
             own_ = format.own->create(stream_, kind, profile_, options);
         }
     } catch (const std::system_error& error) {
-        FailFile(target_, "", SystemReason(error.code()));
+        FailFile(shownName_, "", SystemReason(error.code()));
     }
 }
 
@@ -65,7 +66,7 @@ void RecordOutput::NextFile() {
         file_.reset();
         if (!folder_) {
             if (fs::exists(fs::symlink_status(target_)))
-                FailFile(target_, "", "is a file, and several records go to a new folder");
+                FailFile(shownName_, "", "is a file, and several records go to a new folder");
             folder_.emplace(target_);
             const fs::path first = folder_->Path() / NumberedName(1, format_.extension);
             fs::rename(files_.front(), first);
@@ -75,13 +76,13 @@ void RecordOutput::NextFile() {
         files_.push_back((folder_->Path() / NumberedName(count_ + 1, format_.extension)).string());
         OpenFile(files_.back());
     } catch (const std::system_error& error) {
-        FailFile(target_, "record " + std::to_string(count_ + 1), SystemReason(error.code()));
+        FailFile(shownName_, "record " + std::to_string(count_ + 1), SystemReason(error.code()));
     }
 }
 
 void RecordOutput::Finish() {
     if (count_ == 0 && OneRecordAFile())
-        FailFile(target_, "",
+        FailFile(shownName_, "",
                  "there is no record to write, and the format " + std::string(format_.name) + " needs one");
     if (file_ && HeaderComesLast() && !file_->WriteHeader()) FailWrite();
     if (file_) file_->Close();
@@ -101,7 +102,7 @@ void RecordOutput::Commit() {
         else
             single_->Commit(replaces_ ? AtomicFile::Existing::kReplaced : AtomicFile::Existing::kKept);
     } catch (const std::system_error& error) {
-        FailFile(target_, "", SystemReason(error.code()));
+        FailFile(shownName_, "", SystemReason(error.code()));
     }
 }
 
@@ -133,7 +134,7 @@ void RecordOutput::FailWrite(bool atRecord) const {
     std::error_code error;
     const fs::space_info space = fs::space(fs::path(files_.back()).parent_path(), error);
     const bool full = !error && space.available < 64 * 1024;
-    FailFile(target_, count_ == 0 || !atRecord ? "" : "record " + std::to_string(count_),
+    FailFile(shownName_, count_ == 0 || !atRecord ? "" : "record " + std::to_string(count_),
              full ? "the disk is full" : "can't be written");
 }
 

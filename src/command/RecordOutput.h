@@ -19,10 +19,10 @@ namespace orvale {
 /// ends the work with an error line.
 class RecordOutput {
  public:
-    /// A target that is there is replaced only where `replaces` says so, also one that comes into being meanwhile; it
-    /// is held against other programs until then.
-    RecordOutput(const LoadedLibrary& library, const FormatRow& format, Kind kind, std::string target, bool replaces,
-                 SharedProfile profile, const OutputOptions& options);
+    /// Failures call it `shownName`. A target that is there is replaced only where `replaces` says so, also one that
+    /// comes into being meanwhile; it is held against other programs until then.
+    RecordOutput(const LoadedLibrary& library, const FormatRow& format, Kind kind, std::string target,
+                 std::string shownName, bool replaces, SharedProfile profile, const OutputOptions& options);
 
     template <class Record>
     void Put(const Record& record) {
@@ -63,6 +63,7 @@ class RecordOutput {
     const LoadedLibrary& library_;
     const FormatRow& format_;
     std::string target_;
+    std::string shownName_;
     bool replaces_;
     SharedProfile profile_;
     CFile held_;  // the target that is to be replaced

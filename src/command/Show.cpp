@@ -50,16 +50,17 @@ void ShowProfile(const ShowOrder& order, const SharedProfile& profile) {
 
 void TellUnknownCaptions(const InputName& name) {
     for (const std::u16string& caption :
-         UnknownCaptions(name.name, name.columns ? name.columns : BuiltInColumnsFor(name.name)))
+         UnknownCaptions(name.path, name.columns ? name.columns : BuiltInColumnsFor(name.path)))
         TellUser(ErrorLine(name.name, "column '" + Quote(ToUtf8(caption)) + "'",
                            "nobody knows it; --profile can tell what it is"));
 }
 
 }  // namespace
 
-ExitCode Show(const LoadedLibrary& library, const ShowOrder& order) {
+ExitCode Show(const LoadedLibrary& library, ShowOrder order) {
     if (order.profileOnly && order.noProfile) FailUsage("--profile-only and --no-profile can't stand together");
     std::vector<InputName> names = ResolveInputs({order.file}, order.format);
+    if (names.front().spool) order.file = names.front().name;
     const InputsInfo info = RequireReadable(library, names, std::nullopt);
     const bool takesColumns = names.front().format->profile == ProfileShape::kColumns;
     const GivenProfiles given =

@@ -22,6 +22,6 @@ struct ShowOrder {
 };
 
 /// Prints the records of a file, as a person reads them or as the JSON document. Of a damaged file, what came whole.
-ExitCode Show(const LoadedLibrary& library, const ShowOrder& order);
+ExitCode Show(const LoadedLibrary& library, ShowOrder order);
 
 }  // namespace orvale
