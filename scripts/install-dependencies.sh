@@ -7,7 +7,7 @@ usage="usage: scripts/install-dependencies.sh [--checks]"
 packages=(
     g++ cmake ninja-build pkg-config       # the build; pkg-config for the test of the installed package
     libxml2-dev                            # the XML suites
-    libcli11-dev nlohmann-json3-dev        # the command
+    libcli11-dev nlohmann-json3-dev libmd-dev  # the command
     libgtest-dev libgmock-dev tzdata       # the tests, some of which work in named time zones
     libbenchmark-dev                       # the benchmarks
 )

@@ -29,6 +29,7 @@ constexpr std::array kVerbs{
     VerbRow{"formats", Verb::kFormats, "list the formats", "", 0, 0},
     VerbRow{"info", Verb::kInfo, "tell what files are and whether they are whole", "FILE...", 1, kAnyNumber},
     VerbRow{"show", Verb::kShow, "print the records of a file", "FILE", 1, 1},
+    VerbRow{"diff", Verb::kDiff, "tell what the records of two files differ in", "FILE FILE", 2, 2},
     VerbRow{"convert", Verb::kConvert, "write the records of files into a file of another format", "INPUT... OUTPUT", 2,
             kAnyNumber},
     VerbRow{"log", Verb::kLog, "show or set the log of the module in use", "[off|file|debug|both]", 0, 1},
@@ -69,14 +70,19 @@ ColorMode ColorOf(const std::string& word) {
 void AddOptions(CLI::App& app, Arguments& arguments, int& codePage) {
     app.add_option("--module", arguments.module, "the module to work with, in place of the one beside the command")
         ->type_name("PATH");
-    if (arguments.verb == Verb::kFormats || arguments.verb == Verb::kInfo || arguments.verb == Verb::kShow)
-        app.add_flag("--json", arguments.json, "the result as JSON");
-    if (arguments.verb == Verb::kInfo || arguments.verb == Verb::kShow)
+    const bool takesFormat =
+        arguments.verb == Verb::kInfo || arguments.verb == Verb::kShow || arguments.verb == Verb::kDiff;
+    if (arguments.verb == Verb::kFormats || takesFormat) app.add_flag("--json", arguments.json, "the result as JSON");
+    if (takesFormat)
         app.add_option("--format", arguments.format, "the format of the file, in place of the one that is found")
             ->type_name("NAME");
-    if (arguments.verb == Verb::kInfo || arguments.verb == Verb::kShow || arguments.verb == Verb::kConvert)
+    if (takesFormat || arguments.verb == Verb::kConvert)
         app.add_option("--codepage", codePage, "the code page of text in files, such as 1252 (65001 is UTF-8)")
             ->type_name("N");
+    if (arguments.verb == Verb::kDiff)
+        app.add_option("--profile", arguments.diff.profiles, "the columns of a CSV file, as JSON")
+            ->type_name("FILE")
+            ->allow_extra_args(false);
     if (arguments.verb == Verb::kShow || arguments.verb == Verb::kConvert) {
         const bool shows = arguments.verb == Verb::kShow;
         app.add_option("--profile", shows ? arguments.show.profiles : arguments.convert.profiles,
@@ -102,6 +108,7 @@ void AddOptions(CLI::App& app, Arguments& arguments, int& codePage) {
     app.add_option("--to", order.to, "the format of the output, in place of the one of its extension")
         ->type_name("NAME");
     app.add_flag("--force", order.force, "replace an output that exists");
+    app.add_flag("--unique", order.unique, "write a record that equals an earlier one only once");
     app.add_flag("--partial", order.partial, "of a damaged input take what comes before the damage");
     app.add_flag("--strict", order.strict, "write nothing and exit with 3 if something would be lost");
     app.add_flag_callback(

@@ -5,12 +5,13 @@
 #include <vector>
 
 #include "command/Convert.h"
+#include "command/Diff.h"
 #include "command/Show.h"
 #include "command/show/Screen.h"
 
 namespace orvale {
 
-enum class Verb { kFormats, kInfo, kShow, kConvert, kLog };
+enum class Verb { kFormats, kInfo, kShow, kDiff, kConvert, kLog };
 
 /// The command line, taken apart.
 struct Arguments {
@@ -22,6 +23,7 @@ struct Arguments {
     std::string module;  ///< --module
     std::optional<int> codePage;
     ShowOrder show;        ///< the options of show; the others are set by the command
+    DiffOrder diff;        ///< the same of diff
     ConvertOrder convert;  ///< the options of convert; its files are set by the command
 };
 

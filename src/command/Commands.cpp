@@ -60,6 +60,13 @@ ExitCode RunCommand(const Arguments& arguments) {
             order.color = arguments.color;
             return Show(LoadModule(arguments.module), std::move(order));
         }
+        case Verb::kDiff: {
+            DiffOrder order = arguments.diff;
+            order.files = {arguments.files[0], arguments.files[1]};
+            order.format = arguments.format;
+            order.json = arguments.json;
+            return Diff(LoadModule(arguments.module), order);
+        }
         case Verb::kConvert: {
             ConvertOrder order = arguments.convert;
             order.inputs = arguments.files;

@@ -168,6 +168,7 @@ void Verify(LossReport& report, const Conversion& work, const RecordOutput& outp
     for (const std::string& file : output.Files())
         files.push_back({work.outputName, file, &work.to, true, columns});
     JoinedInputs again(work.library, work.names);
+    again.onlyUnique = work.order.unique;
     if (work.order.partial) again.onEmpty = [](const std::string&) {};
     JoinedInputs written(work.library, files);
     // All records came back if the comparison ends: what is left behind the last one are pieces of a value.
@@ -194,6 +195,7 @@ ExitCode ConvertRecords(const Conversion& work) {
     const ConvertOrder& order = work.order;
     const StoppedClock clock(Now());  // a record whose input tells no time gets the same one at each reading
     JoinedInputs inputs(work.library, work.names);
+    inputs.onlyUnique = order.unique;
     inputs.onDamage = [&](const std::string& name, const std::string& place) {
         if (!order.partial) FailFile(name, place, "damaged from here on; --partial takes what came before");
         TellUser(ErrorLine(name, place, "damaged from here on and left out"));
@@ -204,6 +206,10 @@ ExitCode ConvertRecords(const Conversion& work) {
     WriteAll<Record>(inputs, output, work.outputName);
 
     LossReport report{std::string(RecordWord(work.kind))};
+    if (inputs.LeftOut() != 0)
+        TellUser(ErrorLine(work.outputName, "",
+                           "left out: " + std::to_string(inputs.LeftOut()) + " " +
+                               std::string(RecordWord(work.kind, inputs.LeftOut() != 1)) + " equal to an earlier one"));
     if (work.dropsProfile) report.AddLoss("profile", 1, work.names.front().name);
     if (inputs.PassedOver() != 0)
         report.AddLoss("records that could not be read and were passed over", inputs.PassedOver(),

@@ -20,6 +20,7 @@ struct ConvertOrder {
     bool force = false;
     bool partial = false;
     bool strict = false;
+    bool unique = false;
     bool verify = true;
 };
 

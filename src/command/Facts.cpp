@@ -8,7 +8,9 @@
 #include "command/json/EmailJson.h"
 #include "command/json/JsonArchive.h"
 #include "command/json/SmsJson.h"
+#include "command/show/RecordPrinter.h"
 #include "platform/Format.h"
+#include "platform/Text.h"
 
 namespace orvale {
 namespace {
@@ -65,11 +67,16 @@ class FactWriter {
 
     void Int(const char* key, std::int32_t member) { Add(key, Format(u"%d", member)); }
     void Int(const char* key, std::int32_t member, std::int32_t) { Int(key, member); }
-    void NamedInt(const char* key, std::int32_t member, NameOfNumber) { Int(key, member); }
+    void NamedInt(const char* key, std::int32_t member, NameOfNumber nameOf) {
+        const std::string name = nameOf(member);
+        std::u16string number = Format(u"%d", member);
+        Add(key, number, name.empty() ? u"" : number + u" (" + FromUtf8(name) + u")");
+    }
     void Text(const char* key, const std::u16string& member) { Add(key, member); }
     void Date(const char* key, const DateValue& member) {
         const auto bits = std::bit_cast<std::uint64_t>(member.Value());
-        Add(key, Format(u"%08x%08x", static_cast<std::uint32_t>(bits >> 32), static_cast<std::uint32_t>(bits)));
+        Add(key, Format(u"%08x%08x", static_cast<std::uint32_t>(bits >> 32), static_cast<std::uint32_t>(bits)),
+            member.IsNone() ? u"none" : DateText(member));
     }
     void Texts(const char* key, const std::vector<std::u16string>& member) {
         for (const std::u16string& text : member)
@@ -85,7 +92,9 @@ class FactWriter {
     }
 
  private:
-    void Add(const char* key, std::u16string value) { single.push_back({WordsOf(key), std::move(value), true}); }
+    void Add(const char* key, std::u16string value, std::u16string shown = {}) {
+        single.push_back({WordsOf(key), std::move(value), true, std::move(shown)});
+    }
 };
 
 template <class Record>

@@ -11,7 +11,8 @@ namespace orvale {
 struct Fact {
     std::string what;
     std::u16string value;
-    bool keyed = false;  ///< a record has one value under this name, which becomes no other
+    bool keyed = false;         ///< a record has one value under this name, which becomes no other
+    std::u16string shown = {};  ///< the value as a person reads it, where that is another text
 
     auto operator<=>(const Fact&) const = default;
 };

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "command/Facts.h"
+#include "command/Differences.h"
 
 namespace orvale {
 
@@ -35,14 +35,10 @@ class LossReport {
     std::vector<std::string> Lines() const;
 
  private:
-    enum class Fate { kLost, kChanged, kAdded, kReordered };
-
     struct Tally {
         std::size_t count = 0;
         std::string firstPlace;
     };
-
-    void Count(Fate fate, const std::string& what, const std::string& place);
 
     std::string recordWord_;
     std::map<std::pair<Fate, std::string>, Tally> tallies_;

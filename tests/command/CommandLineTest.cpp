@@ -32,8 +32,8 @@ TEST_F(CommandLineTest, EndsWithACodeAndOneLine) {
         int exitCode;
         const char* line;
     } kCases[] = {
-        {"", 2, "a verb is missing; the verbs are formats, info, show, convert, log"},
-        {"shwo ann.qzs", 2, "unknown verb 'shwo'; the verbs are formats, info, show, convert, log"},
+        {"", 2, "a verb is missing; the verbs are formats, info, show, diff, convert, log"},
+        {"shwo ann.qzs", 2, "unknown verb 'shwo'; the verbs are formats, info, show, diff, convert, log"},
         {"show", 2, "show takes FILE"},
         {"show ann.qzs ann.json", 2, "too many arguments; show takes FILE"},
         {"show --colour ann.qzs", 2, "unknown option '--colour'"},

@@ -6,6 +6,7 @@
 #include <tuple>
 
 #include "command/show/RecordPrinter.h"
+#include "command/show/Titles.h"
 #include "platform/Format.h"
 #include "platform/Text.h"
 
@@ -112,17 +113,6 @@ std::u16string RecurrenceText(const CCalendarItem& item) {
     return text;
 }
 
-std::u16string TitleOf(const CCalendarItem& item, const CCalendarField*& shown) {
-    for (const std::int32_t type : {CAL_FIELD_DESCRIPTION, CAL_FIELD_BODY}) {
-        for (const auto& field : item.fields) {
-            if (!field || field->Type != type || field->Data.empty()) continue;
-            shown = field.get();
-            return field->Data;
-        }
-    }
-    return u"(no description)";
-}
-
 void PrintRows(Screen& screen, const CCalendarItem& item, const CCalendarField* shown) {
     const auto number = [&](const char* label, std::int32_t value) {
         if (value != 0) screen.Row(label, Format(u"%d", value));
@@ -163,14 +153,12 @@ std::u16string DateText(const DateValue& date) {
 void RecordPrinter<CCalendarItem>::Print(const CCalendarItem& item) {
     std::ostringstream block;
     Screen screen(block, screen_.HasColor());
-    const CCalendarField* shown = nullptr;
-    const std::u16string title = TitleOf(item, shown);
     screen.Put("  ");
     screen.Put(Screen::Fit(TimeText(item), 13), Screen::Style::kLabel);
     if (item.itemType == PHONE_TODO_TYPE) screen.Put(item.complete != 0 ? "[x] " : "[ ] ");
-    screen.PutBlock(title, 15, Screen::Style::kTitle);
+    screen.PutBlock(TitleOf(item), 15, Screen::Style::kTitle);
     if (item.itemType != PHONE_TODO_TYPE && item.complete != 0) screen.Row("completed", u"yes");
-    PrintRows(screen, item, shown);
+    PrintRows(screen, item, TitleField(item));
 
     const auto fields = FieldsOf(item.dtstart);
     const bool noDate = item.dtstart.Value() == 0.0;  // also where a reader found none in the text

@@ -1,29 +1,9 @@
 #include "command/show/RecordPrinter.h"
+#include "command/show/Titles.h"
 #include "platform/Format.h"
 
 namespace orvale {
 namespace {
-
-std::u16string TextOf(const CContactItem& contact, std::int32_t type) {
-    std::int32_t index = 0;
-    const CContactField* const field = contact.FindField(type, index);
-    return field != nullptr ? field->Data : std::u16string();
-}
-
-// The full name, else the other names in the order in which they are said; else the first value that there is.
-std::u16string TitleOf(const CContactItem& contact) {
-    if (std::u16string full = TextOf(contact, CF_FULL_NAME); !full.empty()) return full;
-    std::u16string title;
-    for (const std::int32_t type :
-         {CF_NAME_PREFIX, CF_GIVEN_NAME, CF_MIDDLE_NAME, CF_FAMILY_NAME, CF_NAME_4, CF_NAME_SUFFIX}) {
-        const std::u16string part = TextOf(contact, type);
-        if (!part.empty() && !title.empty()) title += u' ';
-        title += part;
-    }
-    for (const auto& field : contact.fields)
-        if (title.empty() && field) title = field->Data;
-    return title.empty() ? u"(no name)" : title;
-}
 
 std::u16string GroupsOf(const CContactItem& contact) {
     std::u16string groups;

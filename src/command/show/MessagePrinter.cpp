@@ -1,4 +1,5 @@
 #include "command/show/RecordPrinter.h"
+#include "command/show/Titles.h"
 #include "platform/Format.h"
 #include "platform/Terminal.h"
 #include "platform/Text.h"
@@ -8,11 +9,6 @@ namespace {
 
 std::u16string Widen(std::string_view ascii) {
     return {ascii.begin(), ascii.end()};
-}
-
-std::u16string OtherParty(const CSMSItem& sms) {
-    if (sms.name.empty()) return sms.phonenumber.empty() ? u"(nobody)" : sms.phonenumber;
-    return sms.phonenumber.empty() ? sms.name : sms.name + u" <" + sms.phonenumber + u">";
 }
 
 std::u16string Joined(const std::vector<std::u16string>& texts) {
@@ -48,7 +44,7 @@ void RecordPrinter<CSMSItem>::Print(const CSMSItem& sms) {
 
 void RecordPrinter<CEmailItem>::Print(const CEmailItem& email) {
     if (count_++ != 0) screen_.EndLine();
-    screen_.Put(email.subject.empty() ? std::u16string(u"(no subject)") : email.subject, Screen::Style::kTitle);
+    screen_.Put(TitleOf(email), Screen::Style::kTitle);
     screen_.EndLine();
     const auto row = [&](const char* label, std::u16string_view value) {
         if (!value.empty()) screen_.Row(label, value);
