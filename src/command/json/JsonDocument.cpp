@@ -44,6 +44,19 @@ bool JsonDocument::Fill(Record& record) {
     return true;
 }
 
+bool JsonDocument::Next(CContactItem& record) {
+    return Fill(record);
+}
+bool JsonDocument::Next(CCalendarItem& record) {
+    return Fill(record);
+}
+bool JsonDocument::Next(CSMSItem& record) {
+    return Fill(record);
+}
+bool JsonDocument::Next(CEmailItem& record) {
+    return Fill(record);
+}
+
 JsonDocument::JsonDocument(const std::filesystem::path& path, std::string shownName)
     : text_(path, std::move(shownName)) {
     ReadHead();
@@ -159,6 +172,19 @@ void JsonDocumentWriter::Append(const Record& record) {
     VisitJson(writer, record);
     writer.Finish();
     Flush();
+}
+
+void JsonDocumentWriter::Put(const CContactItem& record) {
+    Append(record);
+}
+void JsonDocumentWriter::Put(const CCalendarItem& record) {
+    Append(record);
+}
+void JsonDocumentWriter::Put(const CSMSItem& record) {
+    Append(record);
+}
+void JsonDocumentWriter::Put(const CEmailItem& record) {
+    Append(record);
 }
 
 std::vector<Note> JsonDocumentWriter::Losses() const {

@@ -27,10 +27,10 @@ class JsonDocument : public RecordSource {
     /// Once Next gave false: where the last whole record ends, if the document is cut off behind it.
     std::optional<std::uint64_t> BrokenAt() const override { return brokenAt_; }
 
-    bool Next(CContactItem& record) override { return Fill(record); }
-    bool Next(CCalendarItem& record) override { return Fill(record); }
-    bool Next(CSMSItem& record) override { return Fill(record); }
-    bool Next(CEmailItem& record) override { return Fill(record); }
+    bool Next(CContactItem& record) override;
+    bool Next(CCalendarItem& record) override;
+    bool Next(CSMSItem& record) override;
+    bool Next(CEmailItem& record) override;
 
  private:
     template <class Record>
@@ -60,10 +60,10 @@ class JsonDocumentWriter : public RecordSink {
  public:
     JsonDocumentWriter(std::ostream& out, Kind kind, const SharedProfile& profile, bool withPasswords);
 
-    void Put(const CContactItem& record) override { Append(record); }
-    void Put(const CCalendarItem& record) override { Append(record); }
-    void Put(const CSMSItem& record) override { Append(record); }
-    void Put(const CEmailItem& record) override { Append(record); }
+    void Put(const CContactItem& record) override;
+    void Put(const CCalendarItem& record) override;
+    void Put(const CSMSItem& record) override;
+    void Put(const CEmailItem& record) override;
     void Finish() override;
     std::vector<Note> Losses() const override;
     std::vector<std::string> Remarks() const override;
