@@ -135,7 +135,7 @@ void* TextConverter::Direction::Handle(const char* to, const char* from) {
 TextConverter::~TextConverter() = default;
 
 std::string TextConverter::ToNarrow(std::u16string_view text) {
-    text = text.substr(0, text.find(u'\0'));
+    text = text.substr(0, FindUnit(text, u'\0'));
     if (page_.HoldsAll()) return ToUtf8(text, &replaced_, u'?');
     const std::size_t ascii = AsciiPrefix(text);
     std::string out(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(ascii));
@@ -167,16 +167,16 @@ std::string TextConverter::ToNarrow(std::u16string_view text) {
 
 std::u16string TextConverter::ToWide(std::string_view bytes) {
     std::u16string out;
-    AppendWide(bytes, out);
+    AssignWide(bytes, out);
     return out;
 }
 
-void TextConverter::AppendWide(std::string_view bytes, std::u16string& out) {
+void TextConverter::AssignWide(std::string_view bytes, std::u16string& out) {
     bytes = bytes.substr(0, bytes.find('\0'));
-    if (page_.HoldsAll()) return AppendFromUtf8(out, bytes, &replaced_);
+    if (page_.HoldsAll()) return AssignFromUtf8(out, bytes, &replaced_);
     std::size_t ascii = AsciiPrefix(bytes);
     if (ascii != 0 && ascii < bytes.size()) --ascii;  // the letter under what may be an accent that joins it
-    AppendFromUtf8(out, bytes.substr(0, ascii));
+    AssignFromUtf8(out, bytes.substr(0, ascii));
     bytes.remove_prefix(ascii);
     if (bytes.empty()) return;
 

@@ -47,8 +47,8 @@ class TextConverter {
     std::string ToNarrow(std::u16string_view text);
     std::u16string ToWide(std::string_view bytes);
 
-    /// ToWide, behind what `out` holds.
-    void AppendWide(std::string_view bytes, std::u16string& out);
+    /// ToWide, in place of what `out` holds: for many texts in turn, which then cost no memory each.
+    void AssignWide(std::string_view bytes, std::u16string& out);
 
     /// How many "?" and U+FFFD were put in so far.
     std::size_t Replaced() const { return replaced_; }

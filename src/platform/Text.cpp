@@ -4,6 +4,7 @@
 #include <wctype.h>
 
 #include <algorithm>
+#include <bit>
 
 #include "platform/KeptLocale.h"
 
@@ -22,6 +23,40 @@ constexpr bool IsHighHalf(char16_t unit) {
 }
 constexpr bool IsLowHalf(char16_t unit) {
     return unit >= 0xDC00 && unit < 0xE000;
+}
+
+// Copies every byte or unit, with no way out at the first that isn't ASCII, so that it takes many at a time. Tells
+// whether all were ASCII.
+template <class From, class To>
+bool CopyAscii(const From* __restrict from, std::size_t size, To* __restrict to) {
+    std::make_unsigned_t<From> all = 0;
+    for (std::size_t i = 0; i < size; ++i) {
+        const auto unit = static_cast<std::make_unsigned_t<From>>(from[i]);
+        to[i] = static_cast<To>(unit);
+        all |= unit;
+    }
+    return all < 0x80;
+}
+
+// The same from bytes to units for the short texts of which most lines consist: eight at a time, the last eight
+// overlapping those before them.
+bool WidenAscii(std::string_view bytes, char16_t* to) {
+    using Bytes [[gnu::vector_size(8)]] = unsigned char;
+    using Units [[gnu::vector_size(16)]] = std::uint16_t;
+    if (bytes.size() < sizeof(Bytes)) return CopyAscii(bytes.data(), bytes.size(), to);
+    std::uint64_t all = 0;
+    const auto widenAt = [&](std::size_t place) {
+        Bytes eight;
+        std::memcpy(&eight, bytes.data() + place, sizeof eight);
+        all |= std::bit_cast<std::uint64_t>(eight);
+        const Units units = __builtin_convertvector(eight, Units);
+        std::memcpy(to + place, &units, sizeof units);
+    };
+    const std::size_t last = bytes.size() - sizeof(Bytes);
+    for (std::size_t place = 0; place < last; place += sizeof(Bytes))
+        widenAt(place);
+    widenAt(last);
+    return (all & 0x8080808080808080) == 0;
 }
 
 char* PutUtf8(char* out, char32_t code) {
@@ -49,10 +84,9 @@ char16_t ToLowerBeyondAscii(char16_t unit) {
     return locale != nullptr ? static_cast<char16_t>(towlower_l(unit, locale)) : unit;
 }
 
-bool EqualsNoCase(std::u16string_view a, std::u16string_view b) {
-    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char16_t x, char16_t y) {
-               return x == y || ToLower(x) == ToLower(y);
-           });
+bool SameUnitsNoCase(std::u16string_view a, std::u16string_view b) {
+    return std::equal(a.begin(), a.end(), b.begin(),
+                      [](char16_t x, char16_t y) { return x == y || ToLower(x) == ToLower(y); });
 }
 
 bool EndsWithNoCase(std::u16string_view text, std::u16string_view suffix) {
@@ -82,11 +116,15 @@ std::int32_t ToNumber(std::u16string_view text) {
 }
 
 std::string ToUtf8(std::u16string_view text, std::size_t* replaced, char16_t replacement) {
-    std::string out(3 * text.size(), '\0');  // no unit becomes more than three bytes
+    std::string out(text.size(), '\0');
+    if (CopyAscii(text.data(), text.size(), out.data())) return out;  // as most texts are
+    out.resize(3 * text.size());                                      // no unit becomes more than three bytes
     char* to = out.data();
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char16_t unit = text[i];
-        if (IsHighHalf(unit) && i + 1 < text.size() && IsLowHalf(text[i + 1])) {
+        if (unit < 0x80) {
+            *to++ = static_cast<char>(unit);
+        } else if (IsHighHalf(unit) && i + 1 < text.size() && IsLowHalf(text[i + 1])) {
             to = PutUtf8(to, 0x10000 + ((unit - 0xD800U) << 10) + (text[++i] - 0xDC00U));
         } else if (IsHighHalf(unit) || IsLowHalf(unit)) {
             to = PutUtf8(to, replacement);
@@ -101,19 +139,18 @@ std::string ToUtf8(std::u16string_view text, std::size_t* replaced, char16_t rep
 
 std::u16string FromUtf8(std::string_view bytes, std::size_t* replaced) {
     std::u16string out;
-    AppendFromUtf8(out, bytes, replaced);
+    AssignFromUtf8(out, bytes, replaced);
     return out;
 }
 
-void AppendFromUtf8(std::u16string& out, std::string_view bytes, std::size_t* replaced) {
-    const std::size_t before = out.size();
-    out.resize(before + bytes.size());  // no byte becomes more than one unit
-    char16_t* to = out.data() + before;
+void AssignFromUtf8(std::u16string& out, std::string_view bytes, std::size_t* replaced) {
+    out.resize(bytes.size());                   // no byte becomes more than one unit
+    if (WidenAscii(bytes, out.data())) return;  // as most texts are
+    char16_t* to = out.data();
     const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
     for (std::size_t i = 0; i < bytes.size();) {
-        const std::size_t ascii = AsciiPrefix(bytes.substr(i));
-        to = std::copy_n(bytes.data() + i, ascii, to);
-        i += ascii;
+        for (; i < bytes.size() && byteAt(i) < 0x80; ++i)
+            *to++ = byteAt(i);
         if (i == bytes.size()) break;
         const unsigned char lead = byteAt(i);
         const std::size_t length = lead < 0xC2 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 0;

@@ -34,8 +34,18 @@ inline std::u16string_view Trim(std::u16string_view text) {
     return text;
 }
 
+/// Whether two texts are equal; the comparison of views goes unit by unit.
+inline bool SameUnits(std::u16string_view a, std::u16string_view b) {
+    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(char16_t)) == 0;
+}
+
+// The same without regard to case, of texts of one size.
+bool SameUnitsNoCase(std::u16string_view a, std::u16string_view b);
+
 /// Whether two texts are equal without regard to case, unit by unit.
-bool EqualsNoCase(std::u16string_view a, std::u16string_view b);
+inline bool EqualsNoCase(std::u16string_view a, std::u16string_view b) {
+    return a.size() == b.size() && SameUnitsNoCase(a, b);
+}
 
 /// Whether the text ends in `suffix`, without regard to case.
 bool EndsWithNoCase(std::u16string_view text, std::u16string_view suffix);
@@ -55,8 +65,8 @@ std::string ToUtf8(std::u16string_view text, std::size_t* replaced = nullptr, ch
 /// each.
 std::u16string FromUtf8(std::string_view bytes, std::size_t* replaced = nullptr);
 
-/// The same, behind what `out` holds.
-void AppendFromUtf8(std::u16string& out, std::string_view bytes, std::size_t* replaced = nullptr);
+/// The same, in place of what `out` holds: for many texts in turn, which then cost no memory each.
+void AssignFromUtf8(std::u16string& out, std::string_view bytes, std::size_t* replaced = nullptr);
 
 /// How many bytes or units at the front of a text are ASCII.
 template <class Unit>
@@ -71,6 +81,21 @@ std::size_t AsciiPrefix(std::basic_string_view<Unit> text) {
     while (count < text.size() && static_cast<std::make_unsigned_t<Unit>>(text[count]) < 0x80)
         ++count;
     return count;
+}
+
+/// Where a unit stands first in a text, or npos. The search of views goes unit by unit, this one by four.
+inline std::size_t FindUnit(std::u16string_view text, char16_t unit) {
+    constexpr std::size_t kStep = 4;
+    constexpr std::uint64_t kOnes = 0x0001000100010001;
+    std::size_t place = 0;
+    for (std::uint64_t four = 0; place + kStep <= text.size(); place += kStep) {
+        std::memcpy(&four, text.data() + place, sizeof four);
+        four ^= kOnes * unit;
+        if (((four - kOnes) & ~four & kOnes << 15) != 0) break;  // one of them is 0 now
+    }
+    while (place < text.size() && text[place] != unit)
+        ++place;
+    return place < text.size() ? place : std::u16string_view::npos;
 }
 
 /// Whether every surrogate half of the text is part of a pair.

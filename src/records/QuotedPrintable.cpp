@@ -1,5 +1,7 @@
 #include "records/QuotedPrintable.h"
 
+#include <algorithm>
+
 #include "platform/Text.h"
 
 namespace orvale {
@@ -59,15 +61,13 @@ std::string QuotedPrintableBytes(std::u16string_view text, TextConverter& conver
     const std::string bytes = converter.ToNarrow(Replace(text, u"==", u"="));
     std::string out;
     out.reserve(bytes.size());
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
-        if (bytes[i] == '=' && i + 2 < bytes.size()) {
-            out.push_back(static_cast<char>(HexDigitValue(bytes[i + 1]) * 16 + HexDigitValue(bytes[i + 2])));
-            i += 2;
-        } else {
-            out.push_back(bytes[i]);
-        }
+    for (std::size_t i = 0;;) {
+        const std::size_t code = std::min(bytes.find('=', i), bytes.size());
+        out.append(bytes, i, code - i);
+        if (code + 2 >= bytes.size()) return out.append(bytes, code);  // no code without both its digits
+        out.push_back(static_cast<char>(HexDigitValue(bytes[code + 1]) * 16 + HexDigitValue(bytes[code + 2])));
+        i = code + 3;
     }
-    return out;
 }
 
 std::u16string DecodeQuotedPrintable(std::u16string_view text, TextConverter& converter) {

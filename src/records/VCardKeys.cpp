@@ -84,6 +84,8 @@ std::int32_t GetPropertyId(std::u16string_view key) {
     const RowsByLength& rows = Rows();
     if (key.size() >= rows.size()) return PROPERTY_UNKNOWN;
     for (const VCardPropertyRow& row : rows[key.size()])
+        if (SameUnits(row.key, key)) return row.id;  // the usual case, and at the first row that matches in any case
+    for (const VCardPropertyRow& row : rows[key.size()])
         if (EqualsNoCase(row.key, key)) return row.id;
     return PROPERTY_UNKNOWN;
 }

@@ -1,6 +1,7 @@
 #include "text/VCardFile.h"
 
 #include <algorithm>
+#include <cstring>
 #include <iterator>
 
 #include "frame/Operation.h"
@@ -106,8 +107,7 @@ std::int32_t CVCardFile::ReadString(std::u16string* text) {
     if (text == nullptr || !IsOpened()) return 0;
     std::string_view line;
     if (orvale::ReadLine(*this, kLongestLine, lineBytes_, line) != orvale::LineResult::kLine) return 0;
-    text->clear();
-    Converter().AppendWide(line, *text);
+    Converter().AssignWide(line, *text);
     return 1;
 }
 
@@ -123,8 +123,9 @@ std::int32_t CVCardFile::ReadCard(CardText& card) try {
         if (ReadString(&line_) == 0) return 0;
         const std::u16string_view trimmed = Trim(line_);
         if (EqualsNoCase(trimmed, kCardEnd)) return 1;
-        if (card.starts.empty() || trimmed.find(u':') != std::u16string_view::npos)
-            card.starts.push_back(card.lines.size());
+        const std::size_t colon = orvale::FindUnit(trimmed, u':');
+        if (card.starts.empty() || colon != std::u16string_view::npos)
+            card.starts.push_back({card.lines.size(), colon});
         card.lines.append(trimmed);
     }
 } catch (const std::exception&) {
@@ -135,16 +136,17 @@ std::int32_t CVCardFile::ParseCard(const CardText& card) try {
     Counters counters;
     for (std::size_t i = 0; i < card.starts.size(); ++i) {
         const std::u16string_view line = card.Line(i);
-        if (ParseProperty(line, counters) == 0 && !contact_.fields.empty()) contact_.fields.back()->Data += line;
+        if (ParseProperty(line, card.starts[i].keyUnits, counters) == 0 && !contact_.fields.empty())
+            contact_.fields.back()->Data += line;
     }
     return 1;
 } catch (const std::exception&) {
     return 0;
 }
 
-std::int32_t CVCardFile::ParseProperty(std::u16string_view line, Counters& counters) {
-    std::u16string_view rest = line;
-    const std::u16string_view key = Trim(TakeToken(rest, u":"));
+std::int32_t CVCardFile::ParseProperty(std::u16string_view line, std::size_t keyUnits, Counters& counters) {
+    const std::u16string_view key = Trim(line.substr(0, keyUnits));
+    std::u16string_view rest = line.substr(std::min(line.size(), keyUnits == line.npos ? keyUnits : keyUnits + 1));
     const std::int32_t id = key.empty() ? orvale::PROPERTY_UNKNOWN : orvale::GetPropertyId(key);
     const auto addPart = [&](std::int32_t partId) { AddValue(TakeToken(rest, u";"), partId); };
 
@@ -188,12 +190,23 @@ void CVCardFile::AddValue(std::u16string_view value, std::int32_t type) {
     contact_.fields.back()->Data = value;
 }
 
+namespace {
+
+// Whether a decoding could change a text that came out of a file. A page that holds all lacks nothing of it, and its
+// codes start with "=": the byte is looked for, wherever in a unit it stands, for that takes many units at a time.
+bool MayNeedDecoding(std::u16string_view text, const orvale::TextConverter& converter) {
+    if (!converter.Page().HoldsAll()) return orvale::NeedsDecoding(text, converter);
+    return std::memchr(text.data(), '=', text.size() * sizeof(char16_t)) != nullptr;
+}
+
+}  // namespace
+
 // Every value is decoded, whatever its key says of an encoding.
 std::int32_t CVCardFile::BuildContact(const CardText& card) try {
     bool named = false;
-    const bool isPlain = !orvale::NeedsDecoding(card.lines, Converter());
+    const bool isPlain = !MayNeedDecoding(card.lines, Converter());
     for (const auto& field : contact_.fields) {
-        if (!isPlain && orvale::NeedsDecoding(field->Data, Converter()))
+        if (!isPlain && MayNeedDecoding(field->Data, Converter()))
             field->Data = DecodeQuotedPrintable(field->Data.c_str());
         named = named || IsNameType(field->Type);
     }
@@ -211,7 +224,7 @@ namespace {
 
 // A zero ends a field's text: it must not end the card.
 std::u16string_view TextOf(const CContactField& field) {
-    return std::u16string_view(field.Data).substr(0, field.Data.find(u'\0'));
+    return std::u16string_view(field.Data).substr(0, orvale::FindUnit(field.Data, u'\0'));
 }
 
 std::u16string_view GetFieldText(std::int32_t type, const CContactItem& contact) {

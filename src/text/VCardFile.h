@@ -34,15 +34,19 @@ class CVCardFile : public CFileObject {
     std::int32_t ReadString(std::u16string* text) override;
 
  private:
-    /// A card between its version and its end: its logical lines one behind the other, and where each starts. A line
-    /// that holds no colon continues the one before it.
+    /// A card between its version and its end: its logical lines one behind the other. A line that holds no colon
+    /// continues the one before it.
     struct CardText {
+        struct Start {
+            std::size_t line;      ///< where the line starts
+            std::size_t keyUnits;  ///< how many units stand before its first colon, or in all of it
+        };
         std::u16string lines;
-        std::vector<std::size_t> starts;
+        std::vector<Start> starts;
 
         std::u16string_view Line(std::size_t i) const {
-            const std::size_t end = i + 1 < starts.size() ? starts[i + 1] : lines.size();
-            return std::u16string_view(lines).substr(starts[i], end - starts[i]);
+            const std::size_t end = i + 1 < starts.size() ? starts[i + 1].line : lines.size();
+            return std::u16string_view(lines).substr(starts[i].line, end - starts[i].line);
         }
     };
 
@@ -55,7 +59,7 @@ class CVCardFile : public CFileObject {
     // Reading: from the file to a card's logical lines, to values in their file form, to the contact.
     std::int32_t ReadCard(CardText& card);
     std::int32_t ParseCard(const CardText& card);
-    std::int32_t ParseProperty(std::u16string_view line, Counters& counters);
+    std::int32_t ParseProperty(std::u16string_view line, std::size_t keyUnits, Counters& counters);
     void AddValue(std::u16string_view value, std::int32_t type);
     std::int32_t BuildContact(const CardText& card);
 
