@@ -1,7 +1,6 @@
 #include "command/FormatTable.h"
 
 #include <algorithm>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -11,47 +10,17 @@
 namespace orvale {
 namespace {
 
-// What the command adds to what hosts know of a format.
-struct Addition {
-    FileFormat type;
-    EndRule endRule;
-    ProfileShape profile;
-};
-
-constexpr Addition kAdditions[] = {
-    {FileFormat::kQzs, EndRule::kBytesLeft, ProfileShape::kNone},
-    {FileFormat::kSsy, EndRule::kBytesLeft, ProfileShape::kNone},
-    {FileFormat::kCsv, EndRule::kBytesLeft, ProfileShape::kColumns},
-    {FileFormat::kVCard, EndRule::kWhiteSpaceLeft, ProfileShape::kNone},
-    {FileFormat::kSms, EndRule::kLastRecordSize, ProfileShape::kNone},
-    {FileFormat::kCal, EndRule::kBytesLeft, ProfileShape::kNone},
-    {FileFormat::kVCalendar, EndRule::kOneRecord, ProfileShape::kNone},
-    {FileFormat::kPhonebookXml, EndRule::kAskAgain, ProfileShape::kPhonebook},
-    {FileFormat::kCalendarXml, EndRule::kNone, ProfileShape::kCalendar},
-    {FileFormat::kSmsXml, EndRule::kNone, ProfileShape::kSms},
-    {FileFormat::kEmailXml, EndRule::kNone, ProfileShape::kEmail},
-    {FileFormat::kEml, EndRule::kBytesLeft, ProfileShape::kNone},
-};
-
 // The command's own formats, in the order in which they are asked whether a file is theirs.
 constexpr FormatRow kOwnFormats[] = {
     {"json", std::nullopt, ".json", std::nullopt, true, EndRule::kNone, ProfileShape::kAny, &kJsonFormat},
 };
 
-const Addition& AdditionOf(FileFormat type) {
-    for (const Addition& row : kAdditions)
-        if (row.type == type) return row;
-    throw std::logic_error("a format without its row");
-}
-
 const std::vector<FormatRow>& Table() {
     static const std::vector<FormatRow> table = [] {
         std::vector<FormatRow> rows;
-        for (const FormatInfo& info : AllFormats()) {
-            const Addition& more = AdditionOf(info.format);
+        for (const FormatInfo& info : AllFormats())
             rows.push_back(
-                {info.name, info.kind, info.extension, info.format, info.writes, more.endRule, more.profile});
-        }
+                {info.name, info.kind, info.extension, info.format, info.writes, info.endRule, info.profile});
         rows.insert(rows.end(), std::begin(kOwnFormats), std::end(kOwnFormats));
         return rows;
     }();

@@ -14,18 +14,6 @@
 
 namespace orvale {
 
-/// How a reader's end shows whether the file is whole.
-enum class EndRule {
-    kBytesLeft,       ///< bytes behind the last whole record are a damaged one
-    kWhiteSpaceLeft,  ///< the same, but white space does no harm
-    kLastRecordSize,  ///< bytes left, and a last record that took other bytes than its values need: the reader of
-                      ///< native SMS gives a cut record as if it were whole
-    kOneRecord,       ///< one record is due and no end is judged
-    kAskAgain,        ///< a broken record gives 0 as the end does, and behind the end it starts over: the first record
-                      ///< again tells the end, another one that the zeros before it were broken ones
-    kNone,            ///< there is no telling, or no cut that reads
-};
-
 struct FormatRow;
 
 /// How the command reads and writes a format of its own.
@@ -58,9 +46,8 @@ struct FormatRow {
     bool Takes(ProfileShape shape) const { return profile == ProfileShape::kAny || profile == shape; }
 };
 
-/// Whether a format is one of the XML suites: these carry a profile and are parsed and saved as a whole.
 inline bool IsSuite(const FormatRow& format) {
-    return format.type && format.profile != ProfileShape::kNone && format.profile != ProfileShape::kColumns;
+    return format.type && IsSuite(format.profile);
 }
 
 /// The command's one table of formats.

@@ -3,14 +3,13 @@
 #include <memory>
 #include <variant>
 
+#include "host/Formats.h"
 #include "records/GeneralSyncData.h"
 
 namespace orvale {
 
-/// The shapes of a profile, each taken by the formats of FormatTable that name it, and by those that take any.
-enum class ProfileShape { kNone, kColumns, kPhonebook, kCalendar, kSms, kEmail, kAny };
-
-/// What a file or the user tells of a phone, or of a file's columns. Never changed once it is made.
+/// What a file or the user tells of a phone, or of a file's columns, in the order of ProfileShape. Never changed once
+/// it is made.
 using Profile = std::variant<CCSVProfile, CPhonebookProfile, CCalendarProfile, CSMSProfile, CEmailProfile>;
 using SharedProfile = std::shared_ptr<const Profile>;
 

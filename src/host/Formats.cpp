@@ -117,20 +117,27 @@ constexpr char kCalendarId[] = "suite-calendar";
 constexpr char kSmsId[] = "suite-SMS";
 constexpr char kEmailId[] = "suite-email";
 
-// The table of formats as hosts see them: a new one is a row here.
+using End = EndRule;
+using Shape = ProfileShape;
+
+// All that hosts and the command know of the formats: a new one is a row here.
 constexpr FormatInfo kFormats[] = {
-    {FileFormat::kQzs, "qzs", Kind::kContacts, ".qzs", true, &HasFlag<kQzsFlag>},
-    {FileFormat::kSsy, "ssy", Kind::kContacts, ".ssy", false, &HasSsySize},
-    {FileFormat::kCsv, "csv", Kind::kContacts, ".csv", true, &TellsNothing},
-    {FileFormat::kVCard, "vcard", Kind::kContacts, ".vcf", true, &HasBlock<kVCardBlock>},
-    {FileFormat::kSms, "sms", Kind::kSms, ".sms", true, &HasFlag<kSmsFlag>},
-    {FileFormat::kCal, "cal", Kind::kCalendar, ".cal", true, &HasFlag<kCalFlag>},
-    {FileFormat::kVCalendar, "vcalendar", Kind::kCalendar, ".vcs", true, &HasBlock<kVCalendarBlock>},
-    {FileFormat::kPhonebookXml, "phonebook-xml", Kind::kContacts, ".xml", true, &HasSuiteId<kPhonebookId>},
-    {FileFormat::kCalendarXml, "calendar-xml", Kind::kCalendar, ".xml", true, &HasSuiteId<kCalendarId>},
-    {FileFormat::kSmsXml, "sms-xml", Kind::kSms, ".xml", true, &HasSuiteId<kSmsId>},
-    {FileFormat::kEmailXml, "email-xml", Kind::kEmail, ".xml", true, &HasSuiteId<kEmailId>},
-    {FileFormat::kEml, "eml", Kind::kEmail, ".eml", true, &HasFlag<kEmlFlag>},
+    {FileFormat::kQzs, "qzs", Kind::kContacts, ".qzs", true, End::kBytesLeft, Shape::kNone, &HasFlag<kQzsFlag>},
+    {FileFormat::kSsy, "ssy", Kind::kContacts, ".ssy", false, End::kBytesLeft, Shape::kNone, &HasSsySize},
+    {FileFormat::kCsv, "csv", Kind::kContacts, ".csv", true, End::kBytesLeft, Shape::kColumns, &TellsNothing},
+    {FileFormat::kVCard, "vcard", Kind::kContacts, ".vcf", true, End::kWhiteSpaceLeft, Shape::kNone,
+     &HasBlock<kVCardBlock>},
+    {FileFormat::kSms, "sms", Kind::kSms, ".sms", true, End::kLastRecordSize, Shape::kNone, &HasFlag<kSmsFlag>},
+    {FileFormat::kCal, "cal", Kind::kCalendar, ".cal", true, End::kBytesLeft, Shape::kNone, &HasFlag<kCalFlag>},
+    {FileFormat::kVCalendar, "vcalendar", Kind::kCalendar, ".vcs", true, End::kOneRecord, Shape::kNone,
+     &HasBlock<kVCalendarBlock>},
+    {FileFormat::kPhonebookXml, "phonebook-xml", Kind::kContacts, ".xml", true, End::kAskAgain, Shape::kPhonebook,
+     &HasSuiteId<kPhonebookId>},
+    {FileFormat::kCalendarXml, "calendar-xml", Kind::kCalendar, ".xml", true, End::kNone, Shape::kCalendar,
+     &HasSuiteId<kCalendarId>},
+    {FileFormat::kSmsXml, "sms-xml", Kind::kSms, ".xml", true, End::kNone, Shape::kSms, &HasSuiteId<kSmsId>},
+    {FileFormat::kEmailXml, "email-xml", Kind::kEmail, ".xml", true, End::kNone, Shape::kEmail, &HasSuiteId<kEmailId>},
+    {FileFormat::kEml, "eml", Kind::kEmail, ".eml", true, End::kBytesLeft, Shape::kNone, &HasFlag<kEmlFlag>},
 };
 
 }  // namespace

@@ -34,6 +34,22 @@ enum class FileFormat : FileType {
 /// How surely the content of a file tells its format.
 enum class Likeness { kNone, kWeak, kSure };
 
+/// How a reader's end shows whether the file is whole.
+enum class EndRule {
+    kBytesLeft,       ///< bytes behind the last whole record are a damaged one
+    kWhiteSpaceLeft,  ///< the same, but white space does no harm
+    kLastRecordSize,  ///< bytes left, and a last record that took other bytes than its values need: the reader of
+                      ///< native SMS gives a cut record as if it were whole
+    kOneRecord,       ///< one record is due and no end is judged
+    kAskAgain,        ///< a broken record gives 0 as the end does, and behind the end it starts over: the first record
+                      ///< again tells the end, another one that the zeros before it were broken ones
+    kNone,            ///< there is no telling, or no cut that reads
+};
+
+/// The profile that a format's file objects take: none; CCSVProfile, without which a file of columns isn't read either;
+/// or one of the four that a suite carries. kAny is for what takes each of them, which no format of the module does.
+enum class ProfileShape { kNone, kColumns, kPhonebook, kCalendar, kSms, kEmail, kAny };
+
 /// What a format is like.
 struct FormatInfo {
     FileFormat format;
@@ -41,10 +57,17 @@ struct FormatInfo {
     Kind kind;
     std::string_view extension;  ///< with its dot
     bool writes;                 ///< all are read
+    EndRule endRule;
+    ProfileShape profile;
 
     /// How surely a file that begins so is one of this format; `size` is that of the whole file.
     Likeness (*looksLike)(std::string_view head, std::uint64_t size);
 };
+
+/// Whether a format is one of the XML suites: these carry a profile and are parsed and saved as a whole.
+constexpr bool IsSuite(ProfileShape profile) {
+    return profile != ProfileShape::kNone && profile != ProfileShape::kColumns && profile != ProfileShape::kAny;
+}
 
 /// All formats, in the order of their numbers.
 std::span<const FormatInfo> AllFormats();
