@@ -4,7 +4,6 @@
 #include <iostream>
 #include <map>
 
-#include "command/Differences.h"
 #include "command/Fingerprint.h"
 #include "command/JoinedInputs.h"
 #include "command/Kinds.h"
@@ -14,6 +13,7 @@
 #include "command/json/ProfileJson.h"
 #include "command/show/Screen.h"
 #include "command/show/Titles.h"
+#include "host/Differences.h"
 #include "platform/Clock.h"
 #include "platform/Text.h"
 

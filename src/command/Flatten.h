@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "command/json/JsonArchive.h"
+#include "host/RecordValues.h"
 
 namespace orvale {
 
-/// Lines up all that a record says as one text, by its Visit function of the JSON document: two records say the same
+/// Lines up all that a record says as one text, by its VisitValues function: two records say the same
 /// exactly when their texts are equal. Costs no memory for a text that is filled again and again.
 class FlatWriter {
  public:
@@ -64,7 +64,7 @@ template <class Record>
 void Flatten(const Record& record, std::u16string& out) {
     out.clear();
     FlatWriter writer(out);
-    VisitJson(writer, record);
+    VisitValues(writer, record);
 }
 
 }  // namespace orvale

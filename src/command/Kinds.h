@@ -3,11 +3,8 @@
 #include <stdexcept>
 #include <type_traits>
 
-#include "command/json/CalendarJson.h"
-#include "command/json/ContactJson.h"
-#include "command/json/EmailJson.h"
-#include "command/json/SmsJson.h"
 #include "host/RecordFile.h"
+#include "host/RecordValues.h"
 
 namespace orvale {
 

@@ -5,7 +5,6 @@
 #include <limits>
 
 #include "command/CommandError.h"
-#include "command/json/ContactJson.h"
 #include "command/json/JsonDocument.h"
 #include "support/ScratchFolder.h"
 

@@ -8,15 +8,14 @@
 #include <vector>
 
 #include "command/json/JsonValue.h"
+#include "host/RecordValues.h"
 #include "platform/DateValue.h"
 #include "platform/HashMap.h"
 
-/// The objects of the JSON document, each told once: a VisitJson function names an object's keys in their order, and a
-/// reader or a writer passes through it. On input a missing key leaves the member as it was, which is its default.
+/// The objects of the JSON document, each told once: a VisitValues function of the records, or a VisitJson function of
+/// the profiles, names an object's keys in their order, and a reader or a writer passes through it. On input a missing
+/// key leaves the member as it was, which is its default.
 namespace orvale {
-
-/// Gives a number its name, or an empty text.
-using NameOfNumber = std::string (*)(std::int32_t number);
 
 /// Takes values out of one JSON object. All failures name the path of what is wrong.
 class JsonReader {

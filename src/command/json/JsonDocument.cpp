@@ -39,7 +39,7 @@ bool JsonDocument::Fill(Record& record) {
     const JsonPointer value = NextValue();
     if (!value) return false;
     JsonReader reader(*value, text_.ShownName(), Place());
-    VisitJson(reader, record);
+    VisitValues(reader, record);
     reader.Finish();
     return true;
 }
@@ -169,7 +169,7 @@ template <class Record>
 void JsonDocumentWriter::Append(const Record& record) {
     Separate();
     JsonWriter writer(buffer_, 4, notes_);
-    VisitJson(writer, record);
+    VisitValues(writer, record);
     writer.Finish();
     Flush();
 }

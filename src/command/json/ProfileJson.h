@@ -5,9 +5,9 @@
 #include <string_view>
 #include <vector>
 
-#include "command/Facts.h"
 #include "command/Profile.h"
 #include "command/json/JsonArchive.h"
+#include "host/Facts.h"
 #include "host/Formats.h"
 
 namespace orvale {

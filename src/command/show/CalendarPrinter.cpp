@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cstdio>
 #include <cstdlib>
 #include <optional>
 #include <sstream>
@@ -7,6 +6,7 @@
 
 #include "command/show/RecordPrinter.h"
 #include "command/show/Titles.h"
+#include "host/Facts.h"
 #include "platform/Format.h"
 #include "platform/Text.h"
 
@@ -20,11 +20,6 @@ constexpr std::int32_t kWorkdays = CAL_MONDAY | CAL_TUESDAY | CAL_WEDNESDAY | CA
 
 std::u16string Widen(std::string_view ascii) {
     return {ascii.begin(), ascii.end()};
-}
-
-std::u16string ClockText(const CalendarFields& f) {
-    return f.second == 0 ? Format(u"%02d:%02d", f.hour, f.minute)
-                         : Format(u"%02d:%02d:%02d", f.hour, f.minute, f.second);
 }
 
 std::u16string MonthName(int month) {
@@ -141,14 +136,6 @@ void PrintRows(Screen& screen, const CCalendarItem& item, const CCalendarField* 
 }
 
 }  // namespace
-
-std::u16string DateText(const DateValue& date) {
-    const auto fields = date.Fields();
-    if (fields) return Format(u"%04d-%02d-%02d %s", fields->year, fields->month, fields->day, ClockText(*fields));
-    char number[32];
-    std::snprintf(number, sizeof number, "%.17g", date.Value());
-    return Widen(number);
-}
 
 void RecordPrinter<CCalendarItem>::Print(const CCalendarItem& item) {
     std::ostringstream block;

@@ -1,5 +1,6 @@
 #include "command/show/RecordPrinter.h"
 #include "command/show/Titles.h"
+#include "host/Facts.h"
 #include "platform/Format.h"
 #include "platform/Terminal.h"
 #include "platform/Text.h"

@@ -72,8 +72,4 @@ class RecordPrinter<CEmailItem> {
     std::size_t count_ = 0;
 };
 
-/// A date as every listing shows it, "2010-07-26 06:00", with its seconds where it has some; the number itself where it
-/// is no date.
-std::u16string DateText(const DateValue& date);
-
 }  // namespace orvale

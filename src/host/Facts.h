@@ -23,4 +23,10 @@ std::vector<Fact> FactsOf(const CCalendarItem& item);
 std::vector<Fact> FactsOf(const CSMSItem& sms);
 std::vector<Fact> FactsOf(const CEmailItem& email);
 
+/// A time of day as a person reads it, "06:00", with its seconds where it has some.
+std::u16string ClockText(const CalendarFields& fields);
+
+/// A date as a person reads it, "2010-07-26 06:00"; the number itself where it is no date.
+std::u16string DateText(const DateValue& date);
+
 }  // namespace orvale

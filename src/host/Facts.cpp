@@ -1,27 +1,24 @@
-#include "command/Facts.h"
+#include "host/Facts.h"
 
 #include <bit>
+#include <cstdio>
 #include <iterator>
 #include <string_view>
 
-#include "command/json/CalendarJson.h"
-#include "command/json/EmailJson.h"
-#include "command/json/JsonArchive.h"
-#include "command/json/SmsJson.h"
-#include "command/show/RecordPrinter.h"
+#include "host/RecordValues.h"
 #include "platform/Format.h"
 #include "platform/Text.h"
 
 namespace orvale {
 namespace {
 
-// What a person calls the keys of the JSON document, where that is another word.
-struct KeyWords {
-    std::string_view key;
+// What a person calls the values, where that is another word.
+struct ValueWords {
+    std::string_view name;
     const char* words;
 };
 
-constexpr KeyWords kKeyWords[] = {
+constexpr ValueWords kValueWords[] = {
     {"itemType", "event or todo"},
     {"dtstart", "start"},
     {"dtend", "end"},
@@ -52,13 +49,13 @@ constexpr KeyWords kKeyWords[] = {
     {"entryid", "identifier"},
 };
 
-std::string WordsOf(std::string_view key) {
-    for (const KeyWords& row : kKeyWords)
-        if (row.key == key) return row.words;
-    return std::string(key);
+std::string WordsOf(std::string_view name) {
+    for (const ValueWords& row : kValueWords)
+        if (row.name == name) return row.words;
+    return std::string(name);
 }
 
-// Gathers the values of a record by its Visit function of the JSON document, those at their defaults too: they come in
+// Gathers the values of a record by its VisitValues function, those at their defaults too: they come in
 // the same order for every record of a kind. What stands in lists is gathered apart.
 class FactWriter {
  public:
@@ -101,8 +98,8 @@ template <class Record>
 std::vector<Fact> FactsByVisit(const Record& record, const Record& fresh) {
     FactWriter said;
     FactWriter byDefault;
-    VisitJson(said, record);
-    VisitJson(byDefault, fresh);
+    VisitValues(said, record);
+    VisitValues(byDefault, fresh);
     std::vector<Fact> facts = std::move(said.listed);
     for (std::size_t i = 0; i < said.single.size(); ++i)
         if (said.single[i].value != byDefault.single.at(i).value) facts.push_back(std::move(said.single[i]));
@@ -138,6 +135,19 @@ std::vector<Fact> FactsOf(const CSMSItem& sms) {
 
 std::vector<Fact> FactsOf(const CEmailItem& email) {
     return FactsByVisit(email, CEmailItem());
+}
+
+std::u16string ClockText(const CalendarFields& fields) {
+    return fields.second == 0 ? Format(u"%02d:%02d", fields.hour, fields.minute)
+                              : Format(u"%02d:%02d:%02d", fields.hour, fields.minute, fields.second);
+}
+
+std::u16string DateText(const DateValue& date) {
+    const auto fields = date.Fields();
+    if (fields) return Format(u"%04d-%02d-%02d %s", fields->year, fields->month, fields->day, ClockText(*fields));
+    char number[32];
+    std::snprintf(number, sizeof number, "%.17g", date.Value());
+    return FromUtf8(number);
 }
 
 }  // namespace orvale

@@ -1,4 +1,4 @@
-#include "command/Differences.h"
+#include "host/Differences.h"
 
 #include <algorithm>
 

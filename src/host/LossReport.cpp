@@ -1,4 +1,4 @@
-#include "command/LossReport.h"
+#include "host/LossReport.h"
 
 #include <algorithm>
 

@@ -5,12 +5,16 @@
 #include <string>
 #include <vector>
 
-#include "command/Differences.h"
+#include "host/Differences.h"
 
 namespace orvale {
 
 /// What became of records on their way into a file: gathered record by record, told by kind of value with a count and
 /// the first place. Memory grows with the kinds of differences, not with their number.
+///
+///     LossReport report("contact");
+///     report.Compare(FactsOf(written), FactsOf(readBack), 1);  // and so on for each record
+///     for (const std::string& line : report.Lines()) ...       // "lost: groups: 4, first in contact 1"
 class LossReport {
  public:
     /// `recordWord` is what one record is called, such as "contact".

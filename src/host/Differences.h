@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "command/Facts.h"
+#include "host/Facts.h"
 
 namespace orvale {
 
