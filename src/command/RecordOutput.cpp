@@ -85,10 +85,7 @@ void RecordOutput::Finish() {
         FailFile(shownName_, "",
                  "there is no record to write, and the format " + std::string(format_.name) + " needs one");
     if (file_ && HeaderComesLast() && !file_->WriteHeader()) FailWrite();
-    if (file_) file_->Close();
-    // A suite is saved by its Close, which tells no failure.
-    std::error_code error;
-    if (file_ && IsSuite(format_) && (fs::file_size(files_.back(), error) == 0 || error)) FailWrite(false);
+    if (file_ && !file_->Close()) FailWrite(false);
     if (!own_) return;
     own_->Finish();
     stream_.close();

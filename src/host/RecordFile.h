@@ -30,13 +30,38 @@ struct RecordKind<CEmailItem> {
     static constexpr Kind kKind = Kind::kEmail;
 };
 
+/// The profiles that file objects take and give, each by the formats that name its shape.
+template <class Profile>
+struct ProfileKind;
+template <>
+struct ProfileKind<CCSVProfile> {
+    static constexpr ProfileShape kShape = ProfileShape::kColumns;
+};
+template <>
+struct ProfileKind<CPhonebookProfile> {
+    static constexpr ProfileShape kShape = ProfileShape::kPhonebook;
+};
+template <>
+struct ProfileKind<CCalendarProfile> {
+    static constexpr ProfileShape kShape = ProfileShape::kCalendar;
+};
+template <>
+struct ProfileKind<CSMSProfile> {
+    static constexpr ProfileShape kShape = ProfileShape::kSms;
+};
+template <>
+struct ProfileKind<CEmailProfile> {
+    static constexpr ProfileShape kShape = ProfileShape::kEmail;
+};
+
 enum class OpenMode {
     kRead,
     kCreate,  ///< made where it is missing, else emptied
 };
 
 /// A file of records: a file object of the module with a typed face, closed and released with this object. The slots'
-/// results come back as bool; only Open throws, since there is more to tell.
+/// results come back as bool; only Open throws, since there is more to tell. A record or a profile of another kind than
+/// the format's is a fault of the program: std::logic_error.
 class RecordFile {
  public:
     /// Throws std::runtime_error where the module doesn't have the format. The library must outlive the file.
@@ -49,7 +74,10 @@ class RecordFile {
     FileFormat Format() const { return format_; }
     std::int32_t FileVersion() { return object_->GetFileVersion(); }
     bool ReadHeader() { return object_->ReadFileHeader() != 0; }
-    bool WriteHeader() { return object_->WriteFileHeader() != 0; }
+    bool WriteHeader() {
+        unsaved_ = isSuite_;
+        return object_->WriteFileHeader() != 0;
+    }
 
     /// A VerifyCode, or another number that a later module gives.
     std::int32_t Verify() { return object_->Verify(); }
@@ -66,14 +94,35 @@ class RecordFile {
     template <class Record>
     bool Write(const Record& record) {
         Check(RecordKind<Record>::kKind);
+        unsaved_ = isSuite_;
         return object_->Write(&record) != 0;
+    }
+
+    /// Gives the file a copy of a profile. A suite takes it before its header, a file of columns before its first
+    /// record, in either direction.
+    template <class Profile>
+    void SetProfile(const Profile& profile) {
+        Check(ProfileKind<Profile>::kShape);
+        object_->SetProfile(&profile);
+    }
+
+    /// The profile of a suite, once its header was read; null where there is none. It is the file's own: good until the
+    /// next header or Close.
+    template <class Profile>
+    const Profile* GetProfile() {
+        Check(ProfileKind<Profile>::kShape);
+        const void* profile = nullptr;
+        object_->GetProfile(&profile);
+        return static_cast<const Profile*>(profile);
     }
 
     /// Where the next record begins, and how long the file is; 0 for a format that holds no file open.
     std::uint64_t Position() const;
     std::uint64_t Length() const;
 
-    void Close() { object_->Close(); }
+    /// Closes the file. False where it is a suite that was written and could not be saved, which happens here and
+    /// nowhere else; the file that was there is as it was then. All else was handed over by each operation.
+    bool Close();
 
     /// The slots themselves, for what has no typed face here.
     CFileInterface& Slots() { return *object_; }
@@ -120,9 +169,13 @@ class RecordFile {
 
  private:
     void Check(Kind kind) const;
+    void Check(ProfileShape shape) const;
 
     FileFormat format_;
+    bool isSuite_;
     LoadedLibrary::Object object_;
+    std::filesystem::path path_;
+    bool unsaved_ = false;  // a suite is built in memory until Close
 };
 
 }  // namespace orvale

@@ -161,4 +161,10 @@ void AtomicFile::Close() noexcept {
     descriptor_ = -1;
 }
 
+std::optional<FileIdentity> IdentityOf(const std::string& path) {
+    struct stat status {};
+    if (stat(path.c_str(), &status) != 0) return std::nullopt;
+    return FileIdentity{status.st_dev, status.st_ino, S_ISREG(status.st_mode)};
+}
+
 }  // namespace orvale

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -39,5 +41,17 @@ class AtomicFile {
     std::string gathered_;
     int descriptor_ = -1;
 };
+
+/// Which file stands at a path: a Commit puts another one there, with another identity.
+struct FileIdentity {
+    std::uint64_t device;
+    std::uint64_t number;
+    bool isRegular;  ///< a device is written to as it stands, and keeps its identity
+
+    bool operator==(const FileIdentity&) const = default;
+};
+
+/// The identity of the file that a path leads to, links followed; none where no file is to be seen.
+std::optional<FileIdentity> IdentityOf(const std::string& path);
 
 }  // namespace orvale
