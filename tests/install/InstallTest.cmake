@@ -1,5 +1,5 @@
-# Installs the build into a scratch folder, moves it, and builds and runs a host against it by its CMake package and by
-# pkg-config. Takes BUILD, SOURCE, GENERATOR, COMPILER, SANITIZE and SCRATCH.
+# Installs the build into a scratch folder, moves it, and builds and runs the programs of docs/examples against it by its
+# CMake package and by pkg-config. Takes BUILD, SOURCE, GENERATOR, COMPILER, SANITIZE and SCRATCH.
 cmake_minimum_required(VERSION 3.25)
 
 function(run)
@@ -9,6 +9,15 @@ function(run)
         message(FATAL_ERROR "${command}\nended with ${result}:\n${output}${errors}")
     endif()
     set(output "${output}" PARENT_SCOPE)
+    set(errors "${errors}" PARENT_SCOPE)
+endfunction()
+
+function(expect_failure wanted)
+    execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_QUIET ERROR_VARIABLE errors)
+    if(NOT "${result}: ${errors}" STREQUAL wanted)
+        list(JOIN ARGN " " command)
+        message(FATAL_ERROR "${command}\nended with ${result}:\n${errors}\nwanted\n${wanted}")
+    endif()
 endfunction()
 
 function(expect_equal what seen wanted)
@@ -28,17 +37,48 @@ if(SANITIZE)
 endif()
 
 # By the CMake package.
-run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${SOURCE}/tests/install/consumer -B ${SCRATCH}/consumer
+set(programs ${SCRATCH}/examples)
+run(${CMAKE_COMMAND} -G ${GENERATOR} -S ${SOURCE}/docs/examples -B ${programs}
     -D CMAKE_PREFIX_PATH=${SCRATCH}/installed -D CMAKE_CXX_COMPILER=${COMPILER} -D CMAKE_CXX_FLAGS=${flags})
-run(${CMAKE_COMMAND} --build ${SCRATCH}/consumer)
-run(${SCRATCH}/consumer/contacts ${samples}/contacts.vcf ${SCRATCH}/contacts.qzs)
-expect_equal("The names" "${output}" "Jürgen\nΣοφία\nАнна\n小明\n太郎\nفاطمة\nÅse\nTaxi\n")
+run(${CMAKE_COMMAND} --build ${programs})
 
-# The installed command finds the installed module, and takes the host's file for what it is.
-run(${SCRATCH}/installed/bin/orvale show --json ${SCRATCH}/contacts.qzs)
-set(from_host "${output}")
-run(${SCRATCH}/installed/bin/orvale show --json ${samples}/contacts.vcf)
-expect_equal("The host's copy" "${from_host}" "${output}")
+run(${programs}/read_contacts ${samples}/contacts.qzs)
+expect_equal("The contacts" "${output}" "Jürgen
+  family name: Müller
+  given name: Jürgen
+  mobile phone: +491713920055
+  work phone: +493023125014
+  email: juergen.mueller@example.com
+  birthday: 19650314
+王小明
+  full name: 王小明
+  mobile phone 2: 13155500147
+  note: 客户\n春节前送礼 🎁
+Taxi
+  full name: Taxi
+  phone: +442079460123
+  type 4242: a type that no table names
+(no name)
+")
+execute_process(COMMAND head -c 400 ${samples}/contacts.qzs OUTPUT_FILE ${SCRATCH}/cut.qzs)
+expect_failure("1: damaged from byte 366 on\n" ${programs}/read_contacts ${SCRATCH}/cut.qzs)
+expect_failure("1: no contacts that can be read\n" ${programs}/read_contacts ${samples}/mails.xml)
+
+# The host's loss report is the command's: the installed command finds the installed module.
+run(${SCRATCH}/installed/bin/orvale convert --to vcard ${samples}/contacts.qzs ${SCRATCH}/by-command.vcf)
+string(REPLACE "orvale: ${SCRATCH}/by-command.vcf: " "" report "${errors}")
+execute_process(COMMAND ${programs}/convert_contacts ${samples}/contacts.qzs ${SCRATCH}/by-host.vcf
+    RESULT_VARIABLE result OUTPUT_VARIABLE output)
+expect_equal("The exit code for a loss" "${result}" 3)
+expect_equal("The loss report" "${output}" "${report}")
+run(${CMAKE_COMMAND} -E compare_files ${SCRATCH}/by-command.vcf ${SCRATCH}/by-host.vcf)
+
+# A suite is saved by its closing alone, over another one too; one that can't be saved is told.
+foreach(time 1 2)
+    run(${programs}/write_suite ${SCRATCH}/messages.xml)
+    expect_equal("The suite" "${output}" "X100: 1 box\nJürgen: See you at six\n")
+endforeach()
+expect_failure("1: the suite can't be written\n" ${programs}/write_suite ${SCRATCH}/no-such-folder/messages.xml)
 
 # By pkg-config.
 find_program(PKG_CONFIG NAMES pkg-config pkgconf)
@@ -52,6 +92,6 @@ run(${PKG_CONFIG} --cflags --libs orvale)
 separate_arguments(options UNIX_COMMAND "${output}")
 run(${PKG_CONFIG} --variable=module orvale)
 string(STRIP "${output}" module)
-run(${COMPILER} -std=c++20 ${flags} -DORVALE_MODULE="${module}" ${SOURCE}/tests/install/consumer/contacts.cpp
+run(${COMPILER} -std=c++20 ${flags} -DORVALE_MODULE="${module}" ${SOURCE}/docs/examples/read_contacts.cpp
     -o ${SCRATCH}/by-pkg-config ${options})
-run(${SCRATCH}/by-pkg-config ${samples}/contacts-cp1252.vcf ${SCRATCH}/again.qzs)
+run(${SCRATCH}/by-pkg-config ${samples}/contacts-cp1252.vcf)
