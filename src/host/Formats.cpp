@@ -16,9 +16,10 @@ constexpr Likeness Sure(bool yes) {
     return yes ? Likeness::kSure : Likeness::kNone;
 }
 
-template <const char* kFlag>
+// Whether a file begins with a flag and the zero behind it.
+template <const auto& kFlag>
 Likeness HasFlag(std::string_view head, std::uint64_t) {
-    return Sure(head.starts_with(std::string_view(kFlag, 9)));  // with its zero
+    return Sure(head.starts_with(std::string_view(kFlag, sizeof kFlag)));
 }
 
 std::string_view TrimAscii(std::string_view text) {

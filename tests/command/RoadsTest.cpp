@@ -1,6 +1,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+
+#include "command/FormatTable.h"
 #include "command/Program.h"
 #include "host/Formats.h"
 
@@ -44,6 +48,10 @@ const KindSample& SampleOf(Kind kind) {
     throw std::logic_error("no sample of the kind");
 }
 
+std::string Into(const FormatInfo& format) {
+    return "convert --force --to " + std::string(format.name) + " ";  // formats may share an extension
+}
+
 // Every road between two formats of a kind, by the formats' own table: what all formats hold arrives.
 TEST(RoadsTest, EveryFormatGoesIntoEveryOther) {
     const ScratchFolder folder;
@@ -52,19 +60,34 @@ TEST(RoadsTest, EveryFormatGoesIntoEveryOther) {
         const KindSample& sample = SampleOf(first.kind);
         const std::string from = "from" + std::string(first.extension);
         folder.Put("in.json", sample.document);
-        ASSERT_EQ(RunOrvale(folder, "convert --force in.json " + from).exitCode, 0) << first.name;
+        ASSERT_EQ(RunOrvale(folder, Into(first) + "in.json " + from).exitCode, 0) << first.name;
         EXPECT_THAT(RunOrvale(folder, "info " + from).output, HasSubstr(from + ": " + std::string(first.name) + " "));
         for (const FormatInfo& second : AllFormats()) {
             if (!second.writes || second.kind != first.kind) continue;
             SCOPED_TRACE(std::string(first.name) + " to " + std::string(second.name));
             const std::string to = "to" + std::string(second.extension);
-            const Outcome outcome = RunOrvale(folder, "convert --force " + from + " " + to);
+            const Outcome outcome = RunOrvale(folder, Into(second) + from + " " + to);
             EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
             EXPECT_EQ(RunOrvale(folder, "info " + to).exitCode, 0);
             const std::string shown = RunOrvale(folder, "show --json --no-profile " + to).output;
             for (const char* const value : sample.kept)
                 EXPECT_THAT(shown, HasSubstr(value));
         }
+    }
+}
+
+// A new format is there for its users only with these.
+TEST(RoadsTest, EveryFormatHasItsPageAndItsRow) {
+    std::ifstream in(ORVALE_ROOT "/README.md");
+    const std::string readme{std::istreambuf_iterator<char>(in), {}};
+    for (const FormatInfo& format : AllFormats()) {
+        const std::string name(format.name);
+        EXPECT_TRUE(std::filesystem::exists(ORVALE_ROOT "/docs/formats/" + name + ".md")) << name;
+        const std::string row = "| `" + name + "` | " + std::string(KindWord(format.kind)) + " | `" +
+                                std::string(format.extension) + "` | " +
+                                std::to_string(static_cast<FileType>(format.format)) + " | yes | " +
+                                (format.writes ? "yes" : "no") + " | ";
+        EXPECT_THAT(readme, HasSubstr(row));
     }
 }
 

@@ -13,7 +13,7 @@ using namespace orvale::test;
 
 namespace {
 
-// The number and the file version of each format. A new one adds its row.
+// The number and the file version of each format. A new one adds its row, or else its number isn't unknown below.
 constexpr std::pair<FileType, std::int32_t> kFormats[] = {{0, 100}, {1, 100}, {2, 210}, {3, 210}, {4, 101},  {5, 101},
                                                           {6, 100}, {7, 100}, {8, 100}, {9, 100}, {10, 100}, {11, 100}};
 
@@ -49,7 +49,8 @@ TEST_F(Module, CreatesAndReleases) {
     CFileInterface* object = nullptr;
     EXPECT_EQ(module_.create(nullptr, &type) + module_.create(&object, nullptr) + module_.release(nullptr), 0);
     EXPECT_EQ(module_.release(&object), 1);
-    for (const FileType unknown : {-1, 12, INT32_MIN, INT32_MAX})
+    const auto next = static_cast<FileType>(std::size(kFormats));
+    for (const FileType unknown : {-1, next, INT32_MIN, INT32_MAX})
         EXPECT_EQ(module_.create(&object, &unknown), 0);
     EXPECT_EQ(object, nullptr);
     EXPECT_EQ(module_.library.Get<decltype(QZCreateFileObject)>("QZCreateFileObject")(&object, &type), 1);
