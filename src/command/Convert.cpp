@@ -72,12 +72,11 @@ void AddScan(LossReport& report, const InputName& input, std::optional<std::uint
             report.AddLoss("column '" + Quote(ToUtf8(caption)) + "', which nobody knows; --profile can tell what it is",
                            1, input.name);
     }
-    const bool isVCard = input.format->type == FileFormat::kVCard;
-    if (!isVCard && input.format->type != FileFormat::kVCalendar) return;
-    const TextScan scan = isVCard ? ScanVCard(input.path, brokenAt.value_or(UINT64_MAX)) : ScanVCalendar(input.path);
+    if (!input.format->type) return;
+    const TextScan scan = ScanText(*input.format->type, input.path, brokenAt.value_or(UINT64_MAX));
     const auto add = [&](const std::string& what, const TextScan::Finding& finding) {
         if (finding.count == 0) return;
-        report.AddLoss(what, finding.count, input.name + ", line " + std::to_string(finding.firstLine));
+        report.AddLoss(what, finding.count, input.name + ", " + scan.unit + " " + std::to_string(finding.firstLine));
     };
     add("lines with an unknown key, which joined the value before them", scan.joinedLines);
     add("lines that belong to no value, which were dropped", scan.droppedLines);

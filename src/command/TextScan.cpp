@@ -110,8 +110,6 @@ class Scanner {
     std::size_t firstPart_ = 0;
 };
 
-}  // namespace
-
 TextScan ScanVCard(const std::filesystem::path& path, std::uint64_t end) {
     Scanner scanner;
     std::ifstream in(path, std::ios::binary);
@@ -124,7 +122,8 @@ TextScan ScanVCard(const std::filesystem::path& path, std::uint64_t end) {
     return scanner.scan;
 }
 
-TextScan ScanVCalendar(const std::filesystem::path& path) {
+// The reader takes the whole file.
+TextScan ScanVCalendar(const std::filesystem::path& path, std::uint64_t) {
     TextScan scan;
     std::ifstream in(path, std::ios::binary);
     TextConverter converter;
@@ -154,6 +153,63 @@ TextScan ScanVCalendar(const std::filesystem::path& path) {
         continues = line.ends_with(u'=');
     }
     return scan;
+}
+
+// Bytes outside of the code page, up to the zero that ends a text.
+void AddBytes(TextScan& scan, TextConverter& converter, std::string_view text, std::size_t number) {
+    const std::size_t replaced = converter.Replaced();
+    converter.ToWide(text);
+    scan.badBytes.Add(number, converter.Replaced() - replaced);
+}
+
+TextScan ScanCsv(const std::filesystem::path& path, std::uint64_t end) {
+    TextScan scan;
+    std::ifstream in(path, std::ios::binary);
+    TextConverter converter;
+    std::string raw;
+    std::uint64_t offset = 0;
+    for (std::size_t number = 1; in && offset < end && TakeRawLine(*in.rdbuf(), raw); ++number) {
+        offset += raw.size();
+        AddBytes(scan, converter, raw, number);
+        const std::size_t zero = raw.find('\0');
+        scan.cutValues.Add(number, zero != std::string::npos && zero + 2 < raw.size() ? 1 : 0);
+    }
+    return scan;
+}
+
+TextScan ScanSsy(const std::filesystem::path& path, std::uint64_t end) {
+    constexpr std::size_t kHeaderSize = 54;
+    TextScan scan;
+    scan.unit = "record";
+    std::ifstream in(path, std::ios::binary);
+    in.seekg(kHeaderSize);
+    TextConverter converter;
+    std::string raw;
+    std::uint64_t offset = kHeaderSize;
+    for (std::size_t number = 1; offset < end && std::getline(in, raw, '\0'); ++number) {
+        offset += raw.size() + 1;
+        AddBytes(scan, converter, raw, number);
+    }
+    return scan;
+}
+
+// A format whose reader leaves something out, or puts something else in its place, has its row.
+constexpr struct {
+    FileFormat format;
+    TextScan (*scan)(const std::filesystem::path& path, std::uint64_t end);
+} kScans[] = {
+    {FileFormat::kSsy, &ScanSsy},
+    {FileFormat::kCsv, &ScanCsv},
+    {FileFormat::kVCard, &ScanVCard},
+    {FileFormat::kVCalendar, &ScanVCalendar},
+};
+
+}  // namespace
+
+TextScan ScanText(FileFormat format, const std::filesystem::path& path, std::uint64_t end) {
+    for (const auto& row : kScans)
+        if (row.format == format) return row.scan(path, end);
+    return {};
 }
 
 }  // namespace orvale

@@ -4,10 +4,11 @@
 #include <cstdint>
 #include <filesystem>
 
+#include "host/Formats.h"
+
 namespace orvale {
 
-/// What the reader of a vCard or vCalendar can't make out of a file, found by going through its lines as the reader
-/// does.
+/// What the reader of a text format can't make out of a file, found by going through its lines as the reader does.
 struct TextScan {
     struct Finding {
         std::size_t count = 0;
@@ -25,13 +26,11 @@ struct TextScan {
     Finding cutValues;       ///< values that a zero byte cuts off
     Finding furtherEntries;  ///< entries of a vCalendar behind its first: they all make one
     Finding badBytes;        ///< bytes that are no character of the code page, also those that quoted-printable tells
+    const char* unit = "line";  ///< what the first place of a finding counts
 };
 
-/// Scans a file up to an offset, its end, or a line that no reader gets past. A file that can't be read has no
-/// findings.
-TextScan ScanVCard(const std::filesystem::path& path, std::uint64_t end);
-
-/// The same for a vCalendar, of which the reader takes the whole file.
-TextScan ScanVCalendar(const std::filesystem::path& path);
+/// Scans a file of a format up to an offset, its end, or a line that no reader gets past. A file that can't be read has
+/// no findings, and neither has one of a format whose reader makes out all that it gets.
+TextScan ScanText(FileFormat format, const std::filesystem::path& path, std::uint64_t end);
 
 }  // namespace orvale

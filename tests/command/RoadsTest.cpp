@@ -351,5 +351,17 @@ TEST_F(SuitesTest, CsvByBuiltInCaptionsAndByAProfile) {
     EXPECT_EQ(Run("convert a.csv d.ssy").exitCode, 2);
 }
 
+TEST_F(SuitesTest, WhatAReaderOfTextCantMakeOutIsTold) {
+    folder.Put("bad.csv", "full name,note\r\nA,\"\xFF\xFE\"\r\nB,c\xFF\r\n" + std::string("C\0D\r\n", 5));
+    EXPECT_EQ(Run("convert bad.csv a.qzs").errors,
+              "orvale: a.qzs: lost: bytes that code page 65001 doesn't have: 3, first in bad.csv, line 2\n"
+              "orvale: a.qzs: lost: ends of values behind a zero byte: 1, first in bad.csv, line 4\n");
+    std::string ssy(50, '\0');
+    ssy += std::string("\x16\0\0\0Ann,,,,,:,\0Be\xFF,,,,,:,\0", 4 + 22);
+    folder.Put("bad.ssy", ssy);
+    EXPECT_EQ(Run("convert bad.ssy b.qzs").errors,
+              "orvale: b.qzs: lost: bytes that code page 65001 doesn't have: 1, first in bad.ssy, record 2\n");
+}
+
 }  // namespace
 }  // namespace orvale::test
