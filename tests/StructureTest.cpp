@@ -25,7 +25,7 @@ bool MayIncludeForeign(const std::string& source, const std::string& header) {
     if (header.find_first_of("/.") == std::string::npos || source.starts_with("platform/")) return true;
     return (header.starts_with("libxml/") && source == "xml/XMLDocument.cpp") ||
            (header.starts_with("nlohmann/") && source.starts_with("command/json/")) ||
-           (header.starts_with("CLI/") && source.starts_with("command/")) ||
+           (header.starts_with("CLI/") && source == "command/Arguments.cpp") ||
            (header == "sha2.h" && source == "command/Fingerprint.cpp");
 }
 

@@ -7,11 +7,10 @@
 #include "command/Convert.h"
 #include "command/Diff.h"
 #include "command/Show.h"
+#include "command/Verbs.h"
 #include "command/show/Screen.h"
 
 namespace orvale {
-
-enum class Verb { kFormats, kInfo, kShow, kDiff, kConvert, kLog };
 
 /// The command line, taken apart.
 struct Arguments {
@@ -27,8 +26,8 @@ struct Arguments {
     ConvertOrder convert;  ///< the options of convert; its files are set by the command
 };
 
-/// Takes the command line apart. Where it asks for help or for the version, that text comes back in `text` and there
-/// are no arguments. Ends the work with a usage error for what can't be acted on.
-std::optional<Arguments> ParseArguments(int count, const char* const* words, std::string& text);
+/// Takes the command line apart. "VERB --help" is "help VERB". Ends the work with a usage error for what can't be acted
+/// on.
+Arguments ParseArguments(int count, const char* const* words);
 
 }  // namespace orvale

@@ -6,11 +6,15 @@
 #include <iostream>
 
 #include "command/FormatTable.h"
+#include "command/Help.h"
 #include "command/Info.h"
 #include "command/LogCommand.h"
 #include "command/Show.h"
 #include "command/json/FormatsJson.h"
+#include "command/show/Screen.h"
 #include "platform/Interrupt.h"
+#include "platform/ModulePath.h"
+#include "platform/Text.h"
 
 namespace orvale {
 namespace {
@@ -33,8 +37,20 @@ ExitCode ListFormats(bool json) {
     return ExitCode::kDone;
 }
 
+std::filesystem::path PathOfModule(const std::string& named) {
+    return named.empty() ? LoadedLibrary::DefaultPath() : std::filesystem::path(named);
+}
+
+ExitCode TellVersion(const std::string& named) {
+    const std::filesystem::path module = AbsolutePath(PathOfModule(named));
+    std::error_code ignored;
+    const bool there = std::filesystem::is_regular_file(module, ignored);
+    std::cout << "orvale " ORVALE_VERSION "\nmodule: " << (there ? Visible(FromUtf8(module.string())) : "none") << '\n';
+    return ExitCode::kDone;
+}
+
 LoadedLibrary LoadModule(const std::string& named) {
-    const std::filesystem::path path = named.empty() ? LoadedLibrary::DefaultPath() : std::filesystem::path(named);
+    const std::filesystem::path path = PathOfModule(named);
     try {
         return LoadedLibrary(path);
     } catch (const std::runtime_error& error) {
@@ -75,9 +91,12 @@ ExitCode RunCommand(const Arguments& arguments) {
             return Convert(LoadModule(arguments.module), order);
         }
         case Verb::kLog:
-            return LogCommand(
-                arguments.module.empty() ? LoadedLibrary::DefaultPath() : std::filesystem::path(arguments.module),
-                arguments.files.empty() ? "" : arguments.files.front());
+            return LogCommand(PathOfModule(arguments.module), arguments.files.empty() ? "" : arguments.files.front());
+        case Verb::kHelp:
+            std::cout << (arguments.files.empty() ? OverviewText() : VerbText(VerbOfWord(arguments.files.front())));
+            return ExitCode::kDone;
+        case Verb::kVersion:
+            return TellVersion(arguments.module);
     }
     return ExitCode::kUsage;
 }
@@ -91,13 +110,7 @@ int Main(int count, const char* const* words) {
         std::ios::sync_with_stdio(false);
         std::setlocale(LC_CTYPE, "");  // the code page of text in files is that of the user's locale
         CatchInterrupts();
-        std::string text;
-        const std::optional<Arguments> arguments = ParseArguments(count, words, text);
-        ExitCode code = ExitCode::kDone;
-        if (arguments)
-            code = RunCommand(*arguments);
-        else
-            std::cout << text;
+        const ExitCode code = RunCommand(ParseArguments(count, words));
         std::cout.flush();
         if (!std::cout) return fail(ExitCode::kFailed, "standard output: can't be written");
         return static_cast<int>(code);

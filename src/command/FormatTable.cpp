@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "command/CommandError.h"
+#include "command/EditDistance.h"
 #include "command/json/JsonDocument.h"
 
 namespace orvale {
@@ -33,22 +34,6 @@ const FormatRow* RowOf(std::string_view name) {
     return nullptr;
 }
 
-// How many letters have to be changed, put in or taken out to make one word of another.
-std::size_t EditDistance(std::string_view a, std::string_view b) {
-    std::vector<std::size_t> row(b.size() + 1);
-    for (std::size_t j = 0; j < row.size(); ++j)
-        row[j] = j;
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        std::size_t diagonal = row[0]++;
-        for (std::size_t j = 0; j < b.size(); ++j) {
-            const std::size_t change = diagonal + (a[i] != b[j]);
-            diagonal = row[j + 1];
-            row[j + 1] = std::min({change, row[j] + 1, diagonal + 1});
-        }
-    }
-    return row.back();
-}
-
 }  // namespace
 
 std::span<const FormatRow> FormatTable() {
@@ -58,12 +43,11 @@ std::span<const FormatRow> FormatTable() {
 const FormatRow& FormatOfName(std::string_view name) {
     if (const FormatRow* row = RowOf(name)) return *row;
     std::string reason = "unknown format '" + Quote(name) + "'";
-    const auto near = std::min_element(Table().begin(), Table().end(), [&](const FormatRow& a, const FormatRow& b) {
-        return EditDistance(name, a.name) < EditDistance(name, b.name);
-    });
-    constexpr std::size_t kNear = 3;
-    if (name.size() < 32 && EditDistance(name, near->name) <= kNear)
-        reason += "; is '" + std::string(near->name) + "' meant?";
+    std::vector<std::string_view> names;
+    for (const FormatRow& row : Table())
+        names.push_back(row.name);
+    const std::string_view near = NearestWord(name, names);
+    if (!near.empty()) reason += "; is '" + std::string(near) + "' meant?";
     FailUsage(reason + " ('orvale formats' lists them)");
 }
 

@@ -1,0 +1,114 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "command/EditDistance.h"
+#include "command/Options.h"
+#include "command/Program.h"
+
+namespace orvale::test {
+namespace {
+
+using testing::HasSubstr;
+
+constexpr char kInfoHelp[] = R"(Usage: orvale info [OPTIONS] FILE...
+
+Tell what files are and whether they are whole. A folder of files that hold one
+record each counts as well. The result is 1 if a file can't be read, is damaged
+or cut short.
+
+Options:
+  --json              print the result as JSON
+  --format NAME       the format of the file, in place of the one that is found
+  --codepage N        the code page of text in files, such as 1252 (65001 is
+                      UTF-8)
+  --module PATH       the module to work with, in place of the one beside the
+                      command
+  -h, --help          tell this
+
+Examples:
+  orvale info contacts.qzs mails.eml
+      Two files, a line for each
+  orvale info --json calendar.cal
+      The same for a script
+)";
+
+TEST(HelpTest, AVerbTellsItsOptionsAndExamples) {
+    const ScratchFolder folder;
+    for (const char* words : {"help info", "info --help", "info -h", "info --json missing --help", "--help info"})
+        EXPECT_EQ(RunOrvale(folder, words).output, kInfoHelp) << words;
+}
+
+TEST(HelpTest, TheOverviewNamesEveryVerb) {
+    const ScratchFolder folder;
+    const std::string overview = RunOrvale(folder, "help").output;
+    EXPECT_EQ(RunOrvale(folder, "--help").output, overview);
+    for (const VerbRow& row : AllVerbs())
+        EXPECT_THAT(overview, HasSubstr("\n  " + std::string(row.word) + " " + std::string(row.files.word)));
+}
+
+// Every row of the table is an option that the parser takes and the help of its verbs tells, and no other verb's.
+TEST(HelpTest, AnOptionBelongsToItsVerbs) {
+    const ScratchFolder folder;
+    for (const VerbRow& verb : AllVerbs()) {
+        const std::string help = RunOrvale(folder, std::string(verb.word) + " --help").output;
+        std::size_t options = 0;
+        for (const OptionRow& row : AllOptions()) {
+            SCOPED_TRACE(std::string(verb.word) + " " + std::string(row.name));
+            EXPECT_FALSE(row.help.empty());
+            const std::vector<const OptionRow*> rows = OptionsOf(verb.verb);
+            const bool takes = std::find(rows.begin(), rows.end(), &row) != rows.end();
+            options += takes ? 1 : 0;
+            EXPECT_EQ(help.find("\n  " + OptionHead(row)) != std::string::npos, takes);
+            const std::string value = row.value.word.empty() ? "" : "=x";
+            const std::string errors =
+                RunOrvale(folder, std::string(verb.word) + " " + std::string(row.name) + value, "ORVALE_REGISTRY=reg")
+                    .errors;
+            EXPECT_EQ(errors.find("unknown option") == std::string::npos, takes) << errors;
+        }
+        EXPECT_GT(options, 0U);
+    }
+}
+
+TEST(HelpTest, TheExamplesRunOnTheSamples) {
+    const ScratchFolder folder;
+    std::filesystem::copy(ORVALE_ROOT "/samples", folder / "");
+    std::size_t seen = 0;
+    for (const VerbRow& row : AllVerbs()) {
+        for (const Example& example : row.examples) {
+            ASSERT_TRUE(example.line.starts_with("orvale "));
+            const std::string words = std::string(example.line.substr(7));
+            const Outcome outcome = RunOrvale(folder, words, "ORVALE_REGISTRY=reg");
+            EXPECT_EQ(outcome.exitCode, 0) << words << '\n' << outcome.errors;
+            ++seen;
+        }
+    }
+    EXPECT_GT(seen, 5U);
+}
+
+TEST(HelpTest, TellsTheModuleInUse) {
+    const ScratchFolder folder;
+    folder.Put("Other.so", "no module: it isn't loaded");
+    const std::string version = RunOrvale(folder, "--version").output;
+    EXPECT_THAT(version, testing::MatchesRegex("orvale [0-9]+\\.[0-9]+\\.[0-9]+\nmodule: /.*/Orvale\\.so\n"));
+    const std::string first = version.substr(0, version.find('\n') + 1);
+    EXPECT_EQ(RunOrvale(folder, "--version --module Other.so").output,
+              first + "module: " + (folder / "Other.so").string() + "\n");
+    EXPECT_EQ(RunOrvale(folder, "--version --module=missing.so").output, first + "module: none\n");
+}
+
+TEST(HelpTest, NamesTheNearestWord) {
+    const std::vector<std::string_view> kWords{"formats", "info", "show", "log"};
+    const struct {
+        const char* word;
+        const char* nearest;
+    } kCases[] = {
+        {"shwo", "show"}, {"format", "formats"}, {"lgo", "log"}, {"fromats", "formats"},
+        {"xyz", ""},      {"convert", ""},       {"", ""},       {"shooooow", ""},
+        {"x", ""},        {"inf", "info"},       {"SHOW", ""},   {"showshowshowshowshowshowshowshowshow", ""},
+    };
+    for (const auto& each : kCases)
+        EXPECT_EQ(NearestWord(each.word, kWords), each.nearest) << each.word;
+}
+
+}  // namespace
+}  // namespace orvale::test
