@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # Installs those of the packages needed that aren't there: what builds and tests Orvale and, with --checks, what the
-# further checks of .ci/run take. Does nothing, and needs no rights, where all are there.
+# further checks of .ci/run take, or with --packaging, what scripts/package.sh takes. Does nothing, and needs no rights, where all are there.
 set -euo pipefail
 
-usage="usage: scripts/install-dependencies.sh [--checks]"
+usage="usage: scripts/install-dependencies.sh [--checks | --packaging]"
 packages=(
     g++ cmake ninja-build pkg-config       # the build; pkg-config for the test of the installed package
     libxml2-dev                            # the XML suites
@@ -14,6 +14,7 @@ packages=(
 case "$#:${1-}" in
     0:) ;;
     1:--checks) packages+=(clang clang-format) ;;
+    1:--packaging) packages+=(dpkg-dev lintian) ;;
     1:-h | 1:--help) echo "$usage"; exit 0 ;;
     *) echo "$usage" >&2; exit 2 ;;
 esac
