@@ -80,6 +80,21 @@ foreach(time 1 2)
 endforeach()
 expect_failure("1: the suite can't be written\n" ${programs}/write_suite ${SCRATCH}/no-such-folder/messages.xml)
 
+run(${SCRATCH}/installed/bin/orvale --version)
+file(GLOB_RECURSE module ${SCRATCH}/installed/Orvale.so)
+string(REGEX MATCH "module: [^\n]*" used "${output}")
+expect_equal("The module in use" "${used}" "module: ${module}")
+
+# What stands beside the command, unless it couldn't be written on this machine.
+if(EXISTS ${BUILD}/pages)
+    foreach(file man/man1/orvale.1 man/man5/orvale.5 bash-completion/completions/orvale zsh/site-functions/_orvale
+            fish/vendor_completions.d/orvale.fish doc/orvale/README.md)
+        if(NOT EXISTS ${SCRATCH}/installed/share/${file})
+            message(FATAL_ERROR "share/${file} isn't installed")
+        endif()
+    endforeach()
+endif()
+
 # By pkg-config.
 find_program(PKG_CONFIG NAMES pkg-config pkgconf)
 if(NOT PKG_CONFIG)
