@@ -10,7 +10,8 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
     target_compile_options(orvale_options INTERFACE -Wno-sign-conversion)  # g++ leaves it out of -Wconversion
 endif()
 # What is installed reads files of strangers: a fault that slipped through ends the program sooner than it is of use.
-target_compile_options(orvale_options INTERFACE $<$<CONFIG:Release>:-D_FORTIFY_SOURCE=2 -fstack-protector-strong>)
+target_compile_options(orvale_options INTERFACE
+    "$<$<CONFIG:Release>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2;-fstack-protector-strong>")
 target_link_options(orvale_options INTERFACE $<$<CONFIG:Release>:LINKER:-z,relro,-z,now>)
 if(ORVALE_WERROR)
     target_compile_options(orvale_options INTERFACE -Werror)
