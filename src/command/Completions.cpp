@@ -22,7 +22,7 @@ std::string Join(const Rows& rows, std::string_view between, Word word) {
 std::string WordsOf(const Place& place) {
     switch (place.values) {
         case Values::kInputFormats:
-            return Join(FormatTable(), " ", [](const FormatRow& row) { return row.name; });
+            return Join(FormatTable(), " ", [](const FormatRow& row) { return row.Reads() ? row.name : ""; });
         case Values::kOutputFormats:
             return Join(FormatTable(), " ", [](const FormatRow& row) { return row.writes ? row.name : ""; });
         case Values::kVerbs:

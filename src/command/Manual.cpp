@@ -41,6 +41,8 @@ std::string_view ProfileSentence(ProfileShape shape) {
             return "Its profile tells the phone's memories and boxes of messages, and the limits of a message.";
         case ProfileShape::kEmail:
             return "Its profile tells the phone's mail accounts and their boxes.";
+        case ProfileShape::kAny:
+            return "Its profile is that of the kind.";
     }
     return "";
 }
@@ -200,8 +202,8 @@ std::string FormatEntry(const FormatRow& row, const std::filesystem::path& docum
     if (!page.title.empty()) text += Prose(page.title) + ".\n";
     text += "Kind: " + (row.kind ? std::string(KindWord(*row.kind)) : "all") + ".\n";
     text += "Extension: " + Bold(row.extension) + ".\n";
-    text += row.writes ? "It is read and written.\n" : "It is only read.\n";
-    text += Prose(row.kind ? ProfileSentence(row.profile) : "Its profile is that of the kind.") + "\n";
+    text += !row.Reads() ? "It is only written.\n" : row.writes ? "It is read and written.\n" : "It is only read.\n";
+    text += Prose(ProfileSentence(row.profile)) + "\n";
     for (const std::string& paragraph : page.paragraphs)
         text += ".PP\n" + Prose(paragraph) + "\n";
     return text;

@@ -22,7 +22,7 @@ constexpr Example kShowExamples[] = {
 };
 
 constexpr Example kDiffExamples[] = {
-    {"orvale diff contacts.vcf contacts.qzs", "Whether two files hold the same contacts, whatever their formats"},
+    {"orvale diff messages.json messages.sms", "Whether two files hold the same messages, whatever their formats"},
     {"orvale diff --json calendar.json calendar.cal", "The same for a script"},
 };
 
