@@ -9,33 +9,36 @@
 
 namespace orvale::bench {
 
-std::vector<CContactItem> MakeContacts(std::size_t count) {
-    const char16_t* const given[] = {u"John", u"J\u00FCrgen", u"\u0418\u0432\u0430\u043D", u"Mary Anne"};
-    const char16_t* const family[] = {u"Smith", u"M\u00FCller", u"\u041F\u0435\u0442\u0440\u043E\u0432", u"O'Neill"};
-    std::vector<CContactItem> contacts(count);
+void MakeContact(std::size_t number, CContactItem& contact) {
+    static constexpr const char16_t* kGiven[] = {u"John", u"J\u00FCrgen", u"\u0418\u0432\u0430\u043D", u"Mary Anne"};
+    static constexpr const char16_t* kFamily[] = {u"Smith", u"M\u00FCller", u"\u041F\u0435\u0442\u0440\u043E\u0432",
+                                                  u"O'Neill"};
     CContactField field;
-    for (std::size_t i = 0; i < count; ++i) {
-        CContactItem& contact = contacts[i];
-        const auto add = [&](std::int32_t type, std::u16string data) {
-            field.Clear();
-            field.Type = type;
-            field.Data = std::move(data);
-            if (type == CF_GIVEN_NAME) field.SetGroup(static_cast<std::int32_t>(i % 5), u"Friends");
-            contact.AddField(field);
-        };
-        const auto number = static_cast<std::uint32_t>(i);
-        contact.Storage = static_cast<std::int32_t>(i % 2);
-        add(CF_GIVEN_NAME, given[i % 4]);
-        add(CF_FAMILY_NAME, Format(u"%s-%u", family[i / 4 % 4], number));
-        add(CF_TEL_CELL_VOICE, Format(u"+49 171 %07u", number));
-        add(CF_TEL_HOME_VOICE, Format(u"+49 89 %06u", number));
-        add(CF_EMAIL_PREF, Format(u"someone.%u@mail.example.org", number));
-        add(CF_ADR_HOME_STREET, Format(u"Long Street %u", number % 300));
-        add(CF_ADR_HOME_CITY, u"Springfield");
-        add(CF_ADR_HOME_POSTCODE, Format(u"%05u", number % 100000));
-        add(CF_ORG, u"Example Trading Company Ltd");
-        if (i % 4 == 0) add(CF_NOTE, u"met at the fair; call back\r\nafter the holidays");
-    }
+    const auto add = [&](std::int32_t type, std::u16string data) {
+        field.Clear();
+        field.Type = type;
+        field.Data = std::move(data);
+        if (type == CF_GIVEN_NAME) field.SetGroup(static_cast<std::int32_t>(number % 5), u"Friends");
+        contact.AddField(field);
+    };
+    contact.Clear();
+    contact.Storage = static_cast<std::int32_t>(number % 2);
+    add(CF_GIVEN_NAME, kGiven[number % 4]);
+    add(CF_FAMILY_NAME, Format(u"%s-%u", kFamily[number / 4 % 4], number));
+    add(CF_TEL_CELL_VOICE, Format(u"+49 171 %07u", number));
+    add(CF_TEL_HOME_VOICE, Format(u"+49 89 %06u", number));
+    add(CF_EMAIL_PREF, Format(u"someone.%u@mail.example.org", number));
+    add(CF_ADR_HOME_STREET, Format(u"Long Street %u", number % 300));
+    add(CF_ADR_HOME_CITY, u"Springfield");
+    add(CF_ADR_HOME_POSTCODE, Format(u"%05u", number % 100000));
+    add(CF_ORG, u"Example Trading Company Ltd");
+    if (number % 4 == 0) add(CF_NOTE, u"met at the fair; call back\r\nafter the holidays");
+}
+
+std::vector<CContactItem> MakeContacts(std::size_t count) {
+    std::vector<CContactItem> contacts(count);
+    for (std::size_t i = 0; i < count; ++i)
+        MakeContact(i, contacts[i]);
     return contacts;
 }
 

@@ -9,8 +9,11 @@
 
 namespace orvale::bench {
 
-/// Contacts such as people keep: names in several scripts, numbers, an address, now and then a note; the same each
-/// time.
+/// A contact such as people keep: a name in one of several scripts, numbers, an address, now and then a note; for one
+/// number the same each time.
+void MakeContact(std::size_t number, CContactItem& contact);
+
+/// The first contacts.
 std::vector<CContactItem> MakeContacts(std::size_t count);
 
 /// A file in the temporary folder, gone with the object.
