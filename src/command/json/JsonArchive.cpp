@@ -45,10 +45,24 @@ std::optional<DateValue> ParseDateText(const std::string& text) {
 JsonReader::JsonReader(const Json& value, std::string_view file, std::string path)
     : object_(value), file_(file), path_(std::move(path)) {
     if (!value.is_object()) FailFile(file_, path_, "expected an object");
+    taken_.reserve(value.size());
+}
+
+JsonReader::JsonReader(const Json& value, const JsonReader& parent, const char* key, std::size_t entry)
+    : object_(value), file_(parent.file_), parent_(&parent), key_(key), entry_(entry) {
+    if (!value.is_object()) FailFile(file_, OwnPath(), "expected an object");
+    taken_.reserve(value.size());
 }
 
 void JsonReader::Int(const char* key, std::int32_t& member) {
     if (const Json* value = Take(key)) member = static_cast<std::int32_t>(Integer(key, *value, INT32_MIN, INT32_MAX));
+}
+
+void JsonReader::NamedInt(const char* key, std::int32_t& member, NameOfNumber) {
+    const Json* const value = Take(key);
+    if (value == nullptr) return;
+    member = static_cast<std::int32_t>(Integer(key, *value, INT32_MIN, INT32_MAX));
+    Take((std::string(key) + "Name").c_str());
 }
 
 void JsonReader::UInt(const char* key, std::uint32_t& member) {
@@ -101,23 +115,16 @@ void JsonReader::OptionalGroups(const char* key, HashMap<std::u16string>& member
 }
 
 void JsonReader::Finish() const {
-    constexpr std::string_view kName = "Name";
-    const auto holds = [](const std::vector<std::string_view>& keys, std::string_view key) {
-        return std::find(keys.begin(), keys.end(), key) != keys.end();
-    };
-    for (const auto& member : object_.items()) {
-        const std::string_view key = member.key();
-        // Output writes the name of a number beside it, for people; input passes over it.
-        const std::string_view number = key.ends_with(kName) ? key.substr(0, key.size() - kName.size()) : "";
-        const bool isName = holds(named_, number) && object_.contains(std::string(number));
-        if (!holds(taken_, key) && !isName) Fail(key, "unknown key");
-    }
+    if (taken_.size() == object_.size()) return;
+    for (const auto& member : object_.items())
+        if (std::find(taken_.begin(), taken_.end(), &member.value()) == taken_.end()) Fail(member.key(), "unknown key");
 }
 
 const Json* JsonReader::Take(const char* key) {
-    taken_.emplace_back(key);
     const auto found = object_.find(key);
-    return found != object_.end() ? &*found : nullptr;
+    if (found == object_.end()) return nullptr;
+    taken_.push_back(&*found);
+    return taken_.back();
 }
 
 const Json* JsonReader::TakeList(const char* key) {
@@ -134,8 +141,14 @@ const Json& JsonReader::EntryOf(const Json& list, std::size_t place) {
     return list[place];
 }
 
+std::string JsonReader::OwnPath() const {
+    if (parent_ == nullptr) return path_;
+    return parent_->Path(key_) + (entry_ != kNoEntry ? "[" + std::to_string(entry_) + "]" : "");
+}
+
 std::string JsonReader::Path(std::string_view key) const {
-    return path_.empty() ? std::string(key) : path_ + "." + std::string(key);
+    const std::string path = OwnPath();
+    return path.empty() ? std::string(key) : path + "." + std::string(key);
 }
 
 void JsonReader::Fail(std::string_view key, std::string_view reason) const {
@@ -244,7 +257,11 @@ void JsonWriter::Member(const char* key, std::string_view value) {
 
 // As JSON has it, and what could steer a terminal escaped as well: that reads back the same.
 std::string JsonWriter::Quoted(std::u16string_view text) {
-    const std::string quoted = Json(ToUtf8(text, &notes_.replaced)).dump();
+    std::string quoted = ToUtf8(text, &notes_.replaced);
+    const bool isPlain = std::none_of(quoted.begin(), quoted.end(), [](char byte) {
+        return static_cast<unsigned char>(byte) < 0x20 || byte == '"' || byte == '\\';
+    });
+    quoted = isPlain ? '"' + quoted + '"' : Json(std::move(quoted)).dump();
     const auto steers = [](char16_t unit) { return unit >= 0x7F && SteersTerminal(unit); };
     if (std::none_of(text.begin(), text.end(), steers)) return quoted;
     std::u16string escaped;

@@ -25,10 +25,8 @@ class JsonReader {
 
     void Int(const char* key, std::int32_t& member);
     void Int(const char* key, std::int32_t& member, std::int32_t /*leftOutAt*/) { Int(key, member); }
-    void NamedInt(const char* key, std::int32_t& member, NameOfNumber) {
-        Int(key, member);
-        named_.emplace_back(key);
-    }
+    /// Output writes the name of such a number beside it, for people; input passes over it.
+    void NamedInt(const char* key, std::int32_t& member, NameOfNumber);
     void UInt(const char* key, std::uint32_t& member);
     void UInt(const char* key, std::uint32_t& member, std::uint32_t /*leftOutAt*/) { UInt(key, member); }
     void Text(const char* key, std::u16string& member);
@@ -54,7 +52,7 @@ class JsonReader {
     bool Object(const char* key, Visit visit) {
         const Json* value = Take(key);
         if (value == nullptr) return false;
-        JsonReader inner(*value, file_, Path(key));
+        JsonReader inner(*value, *this, key);
         visit(inner);
         inner.Finish();
         return true;
@@ -65,7 +63,7 @@ class JsonReader {
     void ForEach(const char* key, Visit visit) {
         const Json* list = TakeList(key);
         for (std::size_t i = 0; i < CountOf(list); ++i) {
-            JsonReader entry(EntryOf(*list, i), file_, Path(key) + "[" + std::to_string(i) + "]");
+            JsonReader entry(EntryOf(*list, i), *this, key, i);
             visit(entry);
             entry.Finish();
         }
@@ -96,10 +94,16 @@ class JsonReader {
     void Finish() const;
 
  private:
+    static constexpr std::size_t kNoEntry = static_cast<std::size_t>(-1);
+
+    // An object within another, or of a list in it.
+    JsonReader(const Json& value, const JsonReader& parent, const char* key, std::size_t entry = kNoEntry);
+
     const Json* Take(const char* key);
     const Json* TakeList(const char* key);
     static std::size_t CountOf(const Json* list);
     static const Json& EntryOf(const Json& list, std::size_t place);
+    std::string OwnPath() const;
     std::string Path(std::string_view key) const;
     [[noreturn]] void Fail(std::string_view key, std::string_view reason) const;
     std::int64_t Integer(const char* key, const Json& value, std::int64_t least, std::int64_t most) const;
@@ -107,9 +111,11 @@ class JsonReader {
 
     const Json& object_;
     std::string_view file_;
-    std::string path_;
-    std::vector<std::string_view> taken_;  // keys, which are literals of the Visit functions
-    std::vector<std::string_view> named_;  // keys beside which a name may stand
+    std::string path_;                    // of the outermost object
+    const JsonReader* parent_ = nullptr;  // of an inner one, whose path is told only where something is wrong
+    const char* key_ = nullptr;           // in the parent
+    std::size_t entry_ = kNoEntry;        // in the list under the key
+    std::vector<const Json*> taken_;      // values of the object that were asked for, or that may stand there
 };
 
 /// What a writer of JSON does with passwords, and what is to be told of what it wrote.

@@ -65,7 +65,9 @@ void JsonText::TakeString(std::string& text) {
     for (char c = 0; c != '"';) {
         const std::string_view ahead = file_.Ahead();
         if (ahead.empty()) FailAtEnd();
-        const std::size_t end = std::min(ahead.find_first_of("\"\\\n"), ahead.size());
+        const auto* const stop =
+            std::find_if(ahead.begin(), ahead.end(), [](char at) { return at == '"' || at == '\\' || at == '\n'; });
+        const auto end = static_cast<std::size_t>(stop - ahead.begin());
         text.append(ahead.substr(0, end));
         file_.Skip(end);
         if (end == ahead.size()) continue;
@@ -78,26 +80,33 @@ void JsonText::TakeString(std::string& text) {
     }
 }
 
-std::string JsonText::TakeValue() {
-    std::string text;
+// Whether a number or a word, of which `c` was taken, ends here. All other values end by themselves.
+bool JsonText::WordEnds(char c) {
+    if (c == '"' || c == '}' || c == ']') return true;
+    const int next = Look();
+    return next == kNothing || IsSpaceByte(next) || std::strchr(",:{}[]\"", next) != nullptr;
+}
+
+std::string_view JsonText::TakeValue() {
+    text_.clear();
     std::size_t depth = 0;
     Peek();
     for (;;) {
         const char c = Take();
-        text.push_back(c);
-        if (c == '"') {
-            TakeString(text);
+        text_.push_back(c);
+        if (c == '\n') {
+            // The indent, which is half of a document, isn't passed on.
+            while (Look() == ' ')
+                file_.Skip(1);
+        } else if (c == '"') {
+            TakeString(text_);
         } else if (c == '{' || c == '[') {
             if (++depth > kDeepest) Fail("nested too deeply");
         } else if (c == '}' || c == ']') {
             if (depth == 0) Fail(std::string("unexpected '") + c + "'");
             --depth;
         }
-        const int next = Look();
-        // A number or a word ends where something else begins; all other values end by themselves.
-        const bool wordGoesOn = next != kNothing && !IsSpaceByte(next) && std::strchr(",:{}[]\"", next) == nullptr &&
-                                c != '"' && c != '}' && c != ']';
-        if (depth == 0 && !wordGoesOn) return text;
+        if (depth == 0 && WordEnds(c)) return text_;
     }
 }
 

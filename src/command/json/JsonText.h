@@ -34,8 +34,9 @@ class JsonText {
     /// Whether `wanted` comes next; it is taken then.
     bool TakeIf(char wanted);
 
-    /// The text of the value that comes next, up to its end, not judged beyond its quotes and brackets.
-    std::string TakeValue();
+    /// The text of the value that comes next, up to its end, not judged beyond its quotes and brackets; without the
+    /// blanks at the start of a line. Good until the next call.
+    std::string_view TakeValue();
 
     /// How many bytes were taken.
     std::uint64_t Offset() const { return file_.GetPosition(); }
@@ -50,11 +51,13 @@ class JsonText {
     [[noreturn]] void FailAtEnd() const;
     int Look();
     char Take();
+    bool WordEnds(char c);
     void TakeString(std::string& text);
 
     std::string shownName_;
     CFile file_;
     std::size_t line_ = 1;
+    std::string text_;  // of the value that was taken last
 };
 
 }  // namespace orvale

@@ -28,9 +28,11 @@ class Builder : public nlohmann::json_sax<Json> {
     bool end_array() override { return Close(); }
 
     bool key(string_t& name) override {
-        Json& object = *open_.back();
-        key_ = name;
-        if (object.contains(name)) FailFile(file_, PathOf(), "the key stands twice");
+        Level& level = open_.back();
+        const auto [member, isNew] = level.value->get_ref<Json::object_t&>().try_emplace(std::move(name));
+        level.key = &member->first;
+        member_ = &member->second;
+        if (!isNew) FailFile(file_, PathOf(), "the key stands twice");
         return true;
     }
 
@@ -43,6 +45,12 @@ class Builder : public nlohmann::json_sax<Json> {
     Json Take() { return std::move(root_); }
 
  private:
+    // An object or list that hasn't ended yet, and the key that was told last in it.
+    struct Level {
+        Json* value;
+        const std::string* key = nullptr;
+    };
+
     template <class Value>
     bool Put(Value&& value) {
         Add(Json(std::forward<Value>(value)));
@@ -51,35 +59,27 @@ class Builder : public nlohmann::json_sax<Json> {
 
     Json& Add(Json value) {
         if (open_.empty()) return root_ = std::move(value);
-        if (open_.back()->is_array()) {
-            open_.back()->push_back(std::move(value));
-            return open_.back()->back();
-        }
-        return (*open_.back())[key_] = std::move(value);
+        Json& parent = *open_.back().value;
+        if (!parent.is_array()) return *member_ = std::move(value);
+        parent.push_back(std::move(value));
+        return parent.back();
     }
 
     bool Open(Json value) {
-        if (!open_.empty()) path_.push_back(LastStep());
-        open_.push_back(&Add(std::move(value)));
+        open_.push_back({&Add(std::move(value))});
         return true;
     }
 
     bool Close() {
         open_.pop_back();
-        if (!path_.empty()) path_.pop_back();
         return true;
-    }
-
-    std::string LastStep() const {
-        if (open_.back()->is_array()) return "[" + std::to_string(open_.back()->size()) + "]";
-        return "." + Quote(key_);
     }
 
     std::string PathOf() const {
         std::string path(place_);
-        for (const std::string& step : path_)
-            path += step;
-        return path + LastStep();
+        for (const auto& [value, key] : open_)
+            path += value->is_array() ? "[" + std::to_string(value->size() - 1) + "]" : "." + Quote(*key);
+        return path;
     }
 
     std::string_view text_;
@@ -87,9 +87,8 @@ class Builder : public nlohmann::json_sax<Json> {
     std::string_view place_;
     std::size_t firstLine_;
     Json root_;
-    std::vector<Json*> open_;
-    std::vector<std::string> path_;
-    std::string key_;
+    std::vector<Level> open_;
+    Json* member_ = nullptr;  // that the key stands for which was told last
 };
 
 }  // namespace
