@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <cstdint>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -52,8 +53,8 @@ class FlatWriter {
 
  private:
     void Number(std::uint32_t number) {
-        out_ += static_cast<char16_t>(number >> 16);
-        out_ += static_cast<char16_t>(number);
+        const char16_t halves[] = {static_cast<char16_t>(number >> 16), static_cast<char16_t>(number)};
+        out_.append(halves, std::size(halves));
     }
 
     std::u16string& out_;

@@ -1,9 +1,11 @@
 #include "command/TextScan.h"
 
+#include <algorithm>
 #include <fstream>
 #include <string>
 
 #include "platform/CodePage.h"
+#include "platform/File.h"
 #include "platform/Text.h"
 #include "records/QuotedPrintable.h"
 #include "records/VCalendarKeys.h"
@@ -15,12 +17,16 @@ namespace {
 constexpr std::size_t kLongestLine = 2048;  // the reader doesn't get past a longer one
 
 // A line up to CR LF or the end of the file. False at the end, and for a line over the limit.
-bool TakeRawLine(std::streambuf& in, std::string& line) {
+bool TakeRawLine(CFile& in, std::string& line) {
     line.clear();
-    for (int c = in.sbumpc(); c != std::char_traits<char>::eof(); c = in.sbumpc()) {
-        line.push_back(static_cast<char>(c));
+    while (!in.AtEnd()) {
+        const std::string_view ahead = in.Ahead();
+        const std::size_t size = std::min(ahead.find('\n'), ahead.size() - 1) + 1;
+        const std::size_t taken = std::min(size, kLongestLine - line.size());
+        line.append(ahead.substr(0, taken));
+        in.Skip(taken);
         if (line.ends_with("\r\n")) return true;
-        if (line.size() == kLongestLine) return in.sgetc() == std::char_traits<char>::eof();
+        if (line.size() == kLongestLine) return in.AtEnd();
     }
     return !line.empty();
 }
@@ -32,9 +38,9 @@ class Scanner {
     void Line(const std::string& raw, std::size_t number) {
         const std::size_t zero = raw.find('\0');
         const std::size_t replaced = converter_.Replaced();
-        const std::u16string wide = converter_.ToWide(raw);
+        converter_.AssignWide(raw, wide_);
         const std::size_t bad = converter_.Replaced() - replaced;
-        const std::u16string_view line = Trim(wide);
+        const std::u16string_view line = Trim(wide_);
         switch (place_) {
             case Place::kOutside:
                 if (EqualsNoCase(line, u"BEGIN:VCARD"))
@@ -57,7 +63,7 @@ class Scanner {
         if (EqualsNoCase(line, u"END:VCARD")) {
             EndLogicalLine();
             place_ = Place::kOutside;
-        } else if (line.find(u':') == std::u16string_view::npos && parts_ != 0) {
+        } else if (FindUnit(line, u':') == std::u16string_view::npos && parts_ != 0) {
             logical_ += line;  // it continues the line before it
             parts_ += !line.empty();
         } else {
@@ -73,7 +79,7 @@ class Scanner {
 
     void EndLogicalLine() {
         const std::u16string_view line = logical_;
-        const std::size_t colon = line.find(u':');
+        const std::size_t colon = FindUnit(line, u':');
         const std::u16string_view key = Trim(line.substr(0, colon));
         const std::int32_t id = key.empty() ? PROPERTY_UNKNOWN : GetPropertyId(key);
         if (id == PROPERTY_UNKNOWN) {
@@ -93,7 +99,7 @@ class Scanner {
     }
 
     void Decode(std::u16string_view value) {
-        if (value.find(u'=') == std::u16string_view::npos) return;
+        if (FindUnit(value, u'=') == std::u16string_view::npos) return;
         const std::string bytes = QuotedPrintableBytes(value, converter_);
         const std::size_t replaced = converter_.Replaced();
         converter_.ToWide(bytes);
@@ -103,6 +109,7 @@ class Scanner {
     }
 
     TextConverter converter_;
+    std::u16string wide_;
     Place place_ = Place::kOutside;
     bool hasValue_ = false;
     std::u16string logical_;
@@ -112,10 +119,11 @@ class Scanner {
 
 TextScan ScanVCard(const std::filesystem::path& path, std::uint64_t end) {
     Scanner scanner;
-    std::ifstream in(path, std::ios::binary);
+    CFile in;
+    if (in.Open(FromUtf8(path.native()).c_str(), CFile::kModeRead, nullptr) == 0) return scanner.scan;
     std::string raw;
     std::uint64_t offset = 0;
-    for (std::size_t number = 1; in && offset < end && TakeRawLine(*in.rdbuf(), raw); ++number) {
+    for (std::size_t number = 1; offset < end && TakeRawLine(in, raw); ++number) {
         offset += raw.size();
         scanner.Line(raw, number);
     }
