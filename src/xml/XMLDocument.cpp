@@ -247,6 +247,22 @@ void StartElement(void* context, const xmlChar* name, const xmlChar* prefix, con
                           list.data());
 }
 
+// White space between two tags that an element stands before or behind: no value, as far as can be told from here, and
+// the common indent of a document. What isn't followed by a tag right away is part of a longer text.
+bool IsIndent(const xmlParserCtxt& parser, const xmlChar* text, int length) {
+    const xmlNode* const last = parser.node != nullptr ? parser.node->last : nullptr;
+    // What comes behind the text: the parser stands there, or still before it. A zero ends what was read so far.
+    const xmlChar* const next = parser.input->cur != text ? parser.input->cur : text + length;
+    if (next[0] != '<' || parser.node == nullptr || (last != nullptr && last->type != XML_ELEMENT_NODE)) return false;
+    if (last == nullptr && (next[1] == '/' || next[1] == '!' || next[1] == '?' || next[1] == 0)) return false;
+    return std::all_of(text, text + length, [](xmlChar c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; });
+}
+
+// An indent gets no node, which would be dropped by the next start or end of an element.
+void HearCharacters(void* context, const xmlChar* text, int length) noexcept {
+    if (!IsIndent(Parser(context), text, length)) xmlSAX2Characters(context, text, length);
+}
+
 void EndElement(void* context, const xmlChar* name, const xmlChar* prefix, const xmlChar* uri) noexcept {
     const xmlNode* const element = Parser(context).node;
     const xmlNode* const last = element != nullptr ? LastElement(element) : nullptr;
@@ -272,6 +288,7 @@ void SetHandlers(xmlParserCtxt& parser) {
     xmlSAXVersion(&handlers, 2);
     handlers.startElementNs = StartElement;
     handlers.endElementNs = EndElement;
+    handlers.characters = handlers.ignorableWhitespace = HearCharacters;
     handlers.entityDecl = DeclareEntity;
     handlers.externalSubset = [](void*, const xmlChar*, const xmlChar*, const xmlChar*) {};
     handlers.warning = nullptr;

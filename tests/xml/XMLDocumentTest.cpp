@@ -96,10 +96,11 @@ TEST_F(XMLDocument, LoadsWhatIsWellFormed) {
 TEST_F(XMLDocument, AWalkMeetsNoBlanks) {
     struct Blanks {
         const char* name;
-        const char* bytes;
-        const char* dump;
-        const char16_t* text;
+        std::string bytes;
+        std::string dump;
+        std::u16string text;
     };
+    const std::string many(700, ' ');  // more than the parser hands over at once
     const Blanks cases[] = {
         {"closing white space alone", "<a>\n\t</a>", "a{\n\t}", u"\n\t"},
         {"a value of one blank", "<a> </a>", "a{ }", u" "},
@@ -111,6 +112,8 @@ TEST_F(XMLDocument, AWalkMeetsNoBlanks) {
         {"around text", "<a> x <b/> y <c/> </a>", "a(#text{ x } b{} #text{ y } c{})", u" x  y "},
         {"blanks that a reference makes", "<a>&#32;<b/>&#9;</a>", "a(b{})", u""},
         {"a blank before a reference", "<a> &#65;<b/> &amp;</a>", "a(#text{ A} b{} #text{ &})", u" A &"},
+        {"long ones", "<a>" + many + "<b/>" + many + "x" + many + "<c/>" + many + "</a>",
+         "a(b{} #text{" + many + "x" + many + "} c{})", FromUtf8(many + "x" + many)},
     };
     for (const Blanks& each : cases) {
         EXPECT_EQ(Load(each.bytes), each.dump) << each.name;
