@@ -27,39 +27,43 @@ bool HasOddQuotes(std::u16string_view text) {
 
 // Takes the next value in its file form. A quoted one goes on over commas until its quotes pair up. If they never do,
 // it ends at its first comma after all, and the comma at the end of the line, if there is one, was part of what it
-// took. That happens at most once in a line: behind it all pieces have even quotes.
-std::u16string TakeValue(std::u16string_view& rest) {
+// took. That happens at most once in a line: behind it all pieces have even quotes. A view of the line, or of `joined`.
+std::u16string_view TakeValue(std::u16string_view& rest, std::u16string& joined) {
     const std::u16string_view first = Trim(TakeToken(rest, kComma));
-    std::u16string value(first);
-    if (first.empty() || first.front() != u'"') return value;
+    if (first.empty() || first.front() != u'"' || !HasOddQuotes(first)) return first;
+    joined = first;
     std::u16string_view ahead = rest;
-    bool open = HasOddQuotes(first);
+    bool open = true;
     while (open && !ahead.empty()) {
         const std::u16string_view piece = TakeToken(ahead, kComma);
-        value.append(kComma).append(piece);
+        joined.append(kComma).append(piece);
         open = !HasOddQuotes(piece);
     }
     if (open) {
         if (!rest.empty() && rest.back() == u',') rest.remove_suffix(1);
-        return std::u16string(first);
+        return first;
     }
     rest = ahead;
-    return value;
+    return joined;
 }
 
-std::u16string Unquote(std::u16string_view value) {
-    if (value.empty() || value.front() != u'"' || value.back() != u'"') return std::u16string(value);
-    if (value.size() == 1) return std::u16string(kLineEnd);  // a quote that is both first and last leaves a line end
-    return orvale::Replace(value.substr(1, value.size() - 2), u"\"\"", u"\"");
+// A view of the value, or of `undoubled`.
+std::u16string_view Unquote(std::u16string_view value, std::u16string& undoubled) {
+    if (value.empty() || value.front() != u'"' || value.back() != u'"') return value;
+    if (value.size() == 1) return kLineEnd;  // a quote that is both first and last leaves a line end
+    value = value.substr(1, value.size() - 2);
+    if (orvale::FindUnit(value, u'"') == std::u16string_view::npos) return value;
+    undoubled = orvale::Replace(value, u"\"\"", u"\"");
+    return undoubled;
 }
 
 void AppendQuoted(std::u16string& line, std::u16string_view value) {
-    value = value.substr(0, value.find(u'\0'));  // a zero ends a text: it must not end the line
+    value = value.substr(0, orvale::FindUnit(value, u'\0'));  // a zero ends a text: it must not end the line
     line += u'"';
-    for (const char16_t unit : value) {
-        if (unit == u'"') line += unit;
-        line += unit;
-    }
+    if (orvale::FindUnit(value, u'"') == std::u16string_view::npos)
+        line += value;
+    else
+        line += orvale::Replace(value, u"\"", u"\"\"");
     line += u'"';
 }
 
@@ -100,7 +104,7 @@ std::int32_t CCSVFile::ReadString(std::u16string* text) try {
     std::string_view line;
     if (orvale::ReadLine(*this, kLineBuffer, lineBytes_, line) != orvale::LineResult::kLine) return 0;
     if (line.size() == kLineBuffer) return 0;
-    *text = ToWide(line);
+    Converter().AssignWide(line, *text);
     return 1;
 } catch (const std::exception&) {
     return 0;
@@ -131,28 +135,29 @@ std::int32_t CCSVFile::Read(void** record) {
     return operation.Run([&] {
         Require(IsOpened() && record != nullptr && !AtEnd());
         *record = &contact_;
-        contact_.Clear();
-        std::u16string line;
-        Require(ReadString(&line) != 0);
-        operation.Tell(Trim(line));
-        ParseLine(Trim(line));
+        stock_.Clear(contact_);
+        Require(ReadString(&line_) != 0);
+        operation.Tell(Trim(line_));
+        ParseLine(Trim(line_));
         orvale::LogContact(&contact_);
     });
 }
 
 // Values behind the last column are dropped.
 void CCSVFile::ParseLine(std::u16string_view line) {
-    CContactField field;
+    std::u16string joined;
+    std::u16string undoubled;
     for (const FileColumn& column : columns_) {
         if (line.empty()) return;
-        field.Type = column.type;
-        field.Data = Unquote(TakeValue(line));
+        std::u16string_view value = Unquote(TakeValue(line, joined), undoubled);
         if (column.type == -1) continue;
         if (column.type > kLastName) {
-            field.Data = Trim(field.Data);
-            if (field.Data.empty()) continue;
+            value = Trim(value);
+            if (value.empty()) continue;
         }
-        Require(contact_.AddField(field) != 0, "no memory");
+        contact_.fields.push_back(stock_.Take());
+        contact_.fields.back()->Type = column.type;
+        contact_.fields.back()->Data = value;
     }
 }
 

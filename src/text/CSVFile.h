@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "frame/FieldStock.h"
 #include "frame/FileObject.h"
 #include "records/ContactItem.h"
 #include "text/CSVColumns.h"
@@ -61,5 +62,7 @@ class CCSVFile : public CFileObject {
     orvale::CSVColumns profile_;
     std::vector<FileColumn> columns_;  // of the file, as its first line has them
     CContactItem contact_;
+    orvale::FieldStock stock_;
+    std::u16string line_;
     std::string lineBytes_;  // of the line that ReadString read last, where they aren't in the file's buffer
 };
