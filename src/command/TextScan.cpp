@@ -172,11 +172,12 @@ void AddBytes(TextScan& scan, TextConverter& converter, std::string_view text, s
 
 TextScan ScanCsv(const std::filesystem::path& path, std::uint64_t end) {
     TextScan scan;
-    std::ifstream in(path, std::ios::binary);
+    CFile in;
+    if (in.Open(FromUtf8(path.native()).c_str(), CFile::kModeRead, nullptr) == 0) return scan;
     TextConverter converter;
     std::string raw;
     std::uint64_t offset = 0;
-    for (std::size_t number = 1; in && offset < end && TakeRawLine(*in.rdbuf(), raw); ++number) {
+    for (std::size_t number = 1; offset < end && TakeRawLine(in, raw); ++number) {
         offset += raw.size();
         AddBytes(scan, converter, raw, number);
         const std::size_t zero = raw.find('\0');
