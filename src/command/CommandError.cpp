@@ -1,10 +1,10 @@
 #include "command/CommandError.h"
 
-#include <cstdio>
 #include <iostream>
 
 #include "command/Progress.h"
 #include "command/show/Screen.h"
+#include "platform/DebugOutput.h"
 #include "platform/Text.h"
 
 namespace orvale {
@@ -36,7 +36,7 @@ std::string SystemReason(const std::error_code& error) {
 void TellUser(std::string_view line) {
     Progress::Clear();
     std::cout.flush();  // what was printed stands before what is told of it
-    std::fprintf(stderr, "orvale: %.*s\n", static_cast<int>(line.size()), line.data());
+    WriteToErrors("orvale: " + std::string(line) + "\n");
 }
 
 std::string Quote(std::string_view text) {

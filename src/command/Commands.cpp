@@ -45,7 +45,8 @@ ExitCode TellVersion(const std::string& named) {
     const std::filesystem::path module = AbsolutePath(PathOfModule(named));
     std::error_code ignored;
     const bool there = std::filesystem::is_regular_file(module, ignored);
-    std::cout << "orvale " ORVALE_VERSION "\nmodule: " << (there ? Visible(FromUtf8(module.string())) : "none") << '\n';
+    std::cout << "orvale " ORVALE_VERSION "\nmodule: " << (there ? "" : "none at ")
+              << Visible(FromUtf8(module.string())) << '\n';
     return ExitCode::kDone;
 }
 
@@ -54,7 +55,10 @@ LoadedLibrary LoadModule(const std::string& named) {
     try {
         return LoadedLibrary(path);
     } catch (const std::runtime_error& error) {
-        FailFile(path.string(), "", error.what());
+        std::string_view reason = error.what();  // the loader's begins with the whole path
+        const std::string place = AbsolutePath(path).string() + ": ";
+        if (reason.starts_with(place)) reason.remove_prefix(place.size());
+        FailFile(path.string(), "", reason);
     }
 }
 
@@ -112,6 +116,7 @@ int Main(int count, const char* const* words) {
         CatchInterrupts();
         const ExitCode code = RunCommand(ParseArguments(count, words));
         std::cout.flush();
+        ThrowIfInterrupted();  // a reader who took what he wanted ends the work as a signal would
         if (!std::cout) return fail(ExitCode::kFailed, "standard output: can't be written");
         return static_cast<int>(code);
     } catch (const Interrupted&) {

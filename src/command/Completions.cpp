@@ -26,7 +26,7 @@ std::string WordsOf(const Place& place) {
         case Values::kOutputFormats:
             return Join(FormatTable(), " ", [](const FormatRow& row) { return row.writes ? row.name : ""; });
         case Values::kVerbs:
-            return Join(AllVerbs(), " ", [](const VerbRow& row) { return row.word; });
+            return Join(AllVerbs(), " ", [](const VerbRow& row) { return row.word.starts_with('-') ? "" : row.word; });
         case Values::kChoices:
             return std::string(place.choices);
         case Values::kNone:
@@ -103,8 +103,8 @@ std::string ZshVerb(const VerbRow& verb) {
     std::string text = "        " + std::string(verb.word) + ")\n            _arguments -S";
     for (const OptionRow* row : OptionsOf(verb.verb))
         text += next + ZshOption(*row);
-    if (verb.files.values != Values::kNone)
-        text += next + "'" + (verb.most == kAnyNumber ? "*" : std::to_string(verb.most)) + ZshPlace(verb.files) + "'";
+    const bool many = verb.most > 1;
+    if (verb.files.values != Values::kNone) text += next + "'" + (many ? "*" : "1") + ZshPlace(verb.files) + "'";
     return text + " ;;\n";
 }
 

@@ -35,15 +35,15 @@ const FormatRow* OutputFormat(const ConvertOrder& order, std::optional<Kind> kin
     return format;
 }
 
-void RequirePlaceFor(const ConvertOrder& order) {
+void RequirePlaceFor(const ConvertOrder& order, const std::vector<InputName>& inputs) {
     if (order.output == kStandardStream) return;
     std::error_code ignored;
     const fs::file_status status = fs::status(order.output, ignored);
     if (!fs::exists(status)) return;
     if (fs::is_directory(status)) FailFile(order.output, "", "is a folder");
     if (!fs::is_regular_file(status)) FailFile(order.output, "", "is no regular file");
-    for (const std::string& input : order.inputs)
-        if (fs::equivalent(input, order.output, ignored)) FailFile(order.output, "", "is an input too");
+    for (const InputName& input : inputs)
+        if (fs::equivalent(input.path, order.output, ignored)) FailFile(order.output, "", "is an input too");
     if (!order.force) FailFile(order.output, "", "exists already; --force replaces it");
 }
 
@@ -53,14 +53,14 @@ std::unique_ptr<const TemporaryFile> MakeSpool() {
     try {
         return std::make_unique<TemporaryFile>();
     } catch (const std::system_error& error) {
-        FailFile(kStandardOutput, "", SystemReason(error.code()));
+        FailFile(kStandardOutput, "temporary file", SystemReason(error.code()));
     }
 }
 
 void CopyToStandardOutput(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
     if (in.peek() != std::ifstream::traits_type::eof()) std::cout << in.rdbuf();
-    if (!in) FailFile(kStandardOutput, "", "its temporary file can't be read");
+    if (!in) FailFile(kStandardOutput, "temporary file", "can't be read");
 }
 
 // What the reader of an input could not make out, up to where the input is whole.
@@ -148,6 +148,7 @@ struct Conversion {
     SharedProfile profile;  // of the output
     bool ownProfile;        // it isn't the built-in one
     bool dropsProfile;      // an input has one, and the output takes none
+    std::string profileOf;  // the name of that input
     bool replaces;          // what stands at the output's place
 };
 
@@ -209,10 +210,10 @@ ExitCode ConvertRecords(const Conversion& work) {
         TellUser(ErrorLine(work.outputName, "",
                            "left out: " + std::to_string(inputs.LeftOut()) + " " +
                                std::string(RecordWord(work.kind, inputs.LeftOut() != 1)) + " equal to an earlier one"));
-    if (work.dropsProfile) report.AddLoss("profile", 1, work.names.front().name);
+    if (work.dropsProfile) report.AddLoss("profile", 1, work.profileOf);
     if (inputs.PassedOver() != 0)
         report.AddLoss("records that could not be read and were passed over", inputs.PassedOver(),
-                       work.names.front().name);
+                       inputs.PassedOverIn());
     for (std::size_t i = 0; i < work.names.size(); ++i)
         AddScan(report, work.names[i], inputs.BrokenAt()[i]);
     for (const Note& note : inputs.Notes())
@@ -245,7 +246,7 @@ ExitCode Convert(const LoadedLibrary& library, const ConvertOrder& order) {
     std::vector<InputName> names = ResolveInputs(order.inputs, order.from);
     const InputsInfo info = RequireReadable(library, names, to != nullptr ? to->kind : std::nullopt);
     if (to == nullptr) to = OutputFormat(order, info.kind);
-    RequirePlaceFor(order);
+    RequirePlaceFor(order, names);
 
     const auto takesColumns = [](const InputName& name) { return name.format->profile == ProfileShape::kColumns; };
     const bool inputTakes = std::any_of(names.begin(), names.end(), takesColumns);
@@ -256,8 +257,8 @@ ExitCode Convert(const LoadedLibrary& library, const ConvertOrder& order) {
     const std::unique_ptr<const TemporaryFile> spool = order.output == kStandardStream ? MakeSpool() : nullptr;
     const std::string outputName = spool ? kStandardOutput : order.output;
     const std::string& outputPath = spool ? spool->Path() : order.output;
-    Conversion work{library,      order, outputName, outputPath,          names, *to, info.kind,
-                    given.output, true,  false,      order.force || spool};
+    Conversion work{library,   order,        outputName, outputPath, names,          *to,
+                    info.kind, given.output, true,       false,      info.profileOf, order.force || spool};
     if (!work.profile && keepsOwn) work.profile = info.profile;
     work.dropsProfile = info.profile && !keepsOwn && !given.output;
     if (!work.profile) {

@@ -221,6 +221,7 @@ void Print(const FileDifferences& all) {
 
 ExitCode Diff(const LoadedLibrary& library, const DiffOrder& order) {
     const StoppedClock clock(Now());  // a record whose file tells no time gets the same one in both
+    RequireOneStandardInput(order.files);
     std::array<std::vector<InputName>, 2> names;
     FileDifferences all{order.files, Kind::kContacts, {}, {}, 0, 0};
     std::array<SharedProfile, 2> profiles;

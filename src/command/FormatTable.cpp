@@ -34,6 +34,13 @@ const FormatRow* RowOf(std::string_view name) {
     return nullptr;
 }
 
+std::string ExtensionOf(const std::filesystem::path& path) {
+    std::string extension = path.extension().string();
+    std::transform(extension.begin(), extension.end(), extension.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+    return extension;
+}
+
 }  // namespace
 
 std::span<const FormatRow> FormatTable() {
@@ -42,12 +49,19 @@ std::span<const FormatRow> FormatTable() {
 
 const FormatRow& FormatOfName(std::string_view name) {
     if (const FormatRow* row = RowOf(name)) return *row;
-    std::string reason = "unknown format '" + Quote(name) + "'";
+    const std::string extension = ExtensionOf("x." + std::string(name));
     std::vector<std::string_view> names;
-    for (const FormatRow& row : Table())
+    std::string ofExtension;
+    for (const FormatRow& row : Table()) {
         names.push_back(row.name);
+        if (row.extension == extension) ofExtension += (ofExtension.empty() ? "" : ", ") + std::string(row.name);
+    }
+    std::string reason = "unknown format '" + Quote(name) + "'";
     const std::string_view near = NearestWord(name, names);
-    if (!near.empty()) reason += "; is '" + std::string(near) + "' meant?";
+    if (!ofExtension.empty())
+        reason += "; " + extension + " files are of " + ofExtension;
+    else if (!near.empty())
+        reason += "; is '" + std::string(near) + "' meant?";
     FailUsage(reason + " ('orvale formats' lists them)");
 }
 
@@ -65,17 +79,6 @@ const FormatRow* FormatOfFolders() {
         if (row.endRule == EndRule::kOneRecord) return &row;
     return nullptr;
 }
-
-namespace {
-
-std::string ExtensionOf(const std::filesystem::path& path) {
-    std::string extension = path.extension().string();
-    std::transform(extension.begin(), extension.end(), extension.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
-    return extension;
-}
-
-}  // namespace
 
 const FormatRow* FormatOfExtension(const std::filesystem::path& path, std::optional<Kind> kind) {
     const std::string extension = ExtensionOf(path);

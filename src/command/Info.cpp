@@ -54,6 +54,7 @@ void Print(const FileInfo& info) {
 
 ExitCode TellInfo(const LoadedLibrary& library, const std::vector<std::string>& files, const std::string& formatName,
                   bool json) {
+    RequireOneStandardInput(files);
     ExitCode code = ExitCode::kDone;
     std::vector<FileInfo> infos;
     bool asList = files.size() > 1;

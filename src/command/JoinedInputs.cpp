@@ -18,6 +18,7 @@ void JoinedInputs::JudgeEnd() {
         onEmpty(line);
     }
     passedOver_ += input_->PassedOver();
+    if (passedOver_ != 0 && passedOverIn_.empty()) passedOverIn_ = name.name;
     for (Note& note : input_->Notes())
         notes_.push_back({std::move(note.what), note.count, name.name + ", " + note.firstPlace});
     brokenAt_[place_] = input_->BrokenAt();
@@ -26,7 +27,7 @@ void JoinedInputs::JudgeEnd() {
 
 InputsInfo RequireReadable(const LoadedLibrary& library, const std::vector<InputName>& names,
                            std::optional<Kind> kind) {
-    SharedProfile profile;
+    InputsInfo info{};
     for (const InputName& name : names) {
         const RecordInput input(library, name);
         RequireReadable(input);
@@ -36,9 +37,13 @@ InputsInfo RequireReadable(const LoadedLibrary& library, const std::vector<Input
             FailFile(name.name, "", holds + ", not " + std::string(RecordWord(*kind, true)));
         }
         kind = found;
-        if (!profile) profile = input.GetProfile();
+        if (!info.profile && input.GetProfile()) {
+            info.profile = input.GetProfile();
+            info.profileOf = name.name;
+        }
     }
-    return {*kind, profile};
+    info.kind = *kind;
+    return info;
 }
 
 }  // namespace orvale

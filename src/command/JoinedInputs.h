@@ -53,6 +53,9 @@ class JoinedInputs {
     /// How many records that could not be read were passed over.
     std::size_t PassedOver() const { return passedOver_; }
 
+    /// The name of the first input that had such records.
+    const std::string& PassedOverIn() const { return passedOverIn_; }
+
     /// What of the inputs found no place in a record, as far as their formats tell.
     const std::vector<Note>& Notes() const { return notes_; }
 
@@ -77,6 +80,7 @@ class JoinedInputs {
     std::vector<std::optional<std::uint64_t>> brokenAt_;
     SharedProfile profile_;
     std::size_t passedOver_ = 0;
+    std::string passedOverIn_;
     std::vector<Note> notes_;
     std::size_t place_ = 0;
     std::size_t count_ = 0;
@@ -90,6 +94,7 @@ class JoinedInputs {
 struct InputsInfo {
     Kind kind;
     SharedProfile profile;  ///< of the first that has one
+    std::string profileOf;  ///< the name of that input
 };
 
 /// Opens each input once to see that it can be read and that all hold one kind, `kind` if that is given. Ends the work

@@ -23,6 +23,7 @@ constexpr EnvironmentRow kEnvironment[] = {
     {"XDG_CONFIG_HOME",
      "Where ORVALE_REGISTRY is not set, the registry file is orvale/user.reg in this folder, and "
      "in .config of the home folder where this isn't set either."},
+    {"TMPDIR", "The folder for the temporary files of standard input and standard output, in place of /tmp."},
     {"NO_COLOR", "If it is set and not empty, nothing is coloured unless --color=always asks for it."},
 };
 

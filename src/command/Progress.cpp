@@ -1,8 +1,7 @@
 #include "command/Progress.h"
 
-#include <cstdio>
-
 #include "command/CommandError.h"
+#include "platform/DebugOutput.h"
 #include "platform/Terminal.h"
 
 namespace orvale {
@@ -12,7 +11,7 @@ using namespace std::chrono_literals;
 
 constexpr auto kSoonDone = 500ms;
 constexpr auto kBetweenLines = 100ms;
-constexpr const char* kEraseLine = "\r\x1B[K";
+const std::string kEraseLine = "\r\x1B[K";
 
 bool lineStands = false;
 
@@ -29,13 +28,12 @@ void Progress::Look(std::size_t count, std::size_t total) {
     due_ = now + kBetweenLines;
     const std::string far =
         total == 0 ? std::to_string(count) + " records" : std::to_string(100 * count / total) + " %";
-    std::fprintf(stderr, "%s%s: %s", kEraseLine, what_.c_str(), far.c_str());
-    std::fflush(stderr);
+    WriteToErrors(kEraseLine + what_ + ": " + far);
     lineStands = true;
 }
 
 void Progress::Clear() {
-    if (lineStands) std::fputs(kEraseLine, stderr);
+    if (lineStands) WriteToErrors(kEraseLine);
     lineStands = false;
 }
 

@@ -162,15 +162,19 @@ InputName SpoolStandardInput(const std::string& formatName) {
         spool->TakeStandardInput();
         return {kName, spool->Path(), &FormatOfName(formatName), true, nullptr, spool};
     } catch (const std::system_error& error) {
-        FailFile(kName, "", SystemReason(error.code()));
+        FailFile(kName, "temporary file", SystemReason(error.code()));
     }
 }
 
 }  // namespace
 
+void RequireOneStandardInput(std::span<const std::string> names) {
+    if (std::count(names.begin(), names.end(), kStandardStream) > 1) FailUsage("standard input can be read only once");
+}
+
 std::vector<InputName> ResolveInputs(const std::vector<std::string>& names, const std::string& formatName) {
     if (!formatName.empty()) FormatOfName(formatName);  // a wrong word is told before a wrong file
-    if (std::count(names.begin(), names.end(), kStandardStream) > 1) FailUsage("standard input can be read only once");
+    RequireOneStandardInput(names);
     std::vector<InputName> inputs;
     for (const std::string& name : names) {
         if (name == kStandardStream) {

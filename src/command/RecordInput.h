@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -131,6 +132,9 @@ class RecordInput {
     bool ended_ = false;
     std::size_t count_ = 0;
 };
+
+/// Ends the work with a usage error where standard input is named more than once.
+void RequireOneStandardInput(std::span<const std::string> names);
 
 /// The inputs that names stand for, each with the format of `formatName` if that isn't empty, else with the one that is
 /// found. A folder stands for the vCalendar files in it, in the order of their names, numbers in them by their value.

@@ -29,6 +29,9 @@ RecordOutput::RecordOutput(const LoadedLibrary& library, const FormatRow& format
       shownName_(std::move(shownName)),
       replaces_(replaces),
       profile_(std::move(profile)) {
+    // What may become a folder may be named as one.
+    while (OneRecordAFile() && target_.size() > 1 && target_.ends_with('/'))
+        target_.pop_back();
     try {
         HoldTarget();
         single_.emplace(target_);

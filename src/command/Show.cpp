@@ -1,23 +1,43 @@
 #include "command/Show.h"
 
 #include <iostream>
+#include <optional>
 
 #include "command/JoinedInputs.h"
 #include "command/Kinds.h"
 #include "command/Profiles.h"
+#include "command/Progress.h"
 #include "command/json/JsonDocument.h"
 #include "command/json/ProfileJson.h"
 #include "command/show/RecordPrinter.h"
+#include "platform/Terminal.h"
 #include "platform/Text.h"
 
 namespace orvale {
 namespace {
 
+// Told only where the records go somewhere else than to a terminal, on which they are progress enough.
+class ShowProgress {
+ public:
+    explicit ShowProgress(const ShowOrder& order) {
+        if (!IsTerminal(StandardStream::kOutput)) line_.emplace("reading", order.file);
+    }
+    void Tick(std::size_t count) {
+        if (line_) line_->Tick(count);
+    }
+
+ private:
+    std::optional<Progress> line_;
+};
+
 template <class Record>
 void ShowJson(JoinedInputs& input, const ShowOrder& order, Kind kind, const SharedProfile& profile) {
     JsonDocumentWriter writer(std::cout, kind, order.noProfile ? nullptr : profile, order.withPasswords);
-    for (const Record* record = nullptr; !order.profileOnly && (record = input.Next<Record>()) != nullptr;)
+    ShowProgress progress(order);
+    for (const Record* record = nullptr; !order.profileOnly && (record = input.Next<Record>()) != nullptr;) {
         writer.Put(*record);
+        progress.Tick(input.Count());
+    }
     writer.Finish();
     for (const std::string& line : writer.Remarks())
         TellUser(ErrorLine(order.file, "", line));
@@ -29,8 +49,11 @@ template <class Record>
 void ShowListing(JoinedInputs& input, const ShowOrder& order, Kind kind) {
     Screen screen(std::cout, UseColor(order.color));
     RecordPrinter<Record> printer(screen);
-    while (const Record* record = input.Next<Record>())
+    ShowProgress progress(order);
+    while (const Record* record = input.Next<Record>()) {
         printer.Print(*record);
+        progress.Tick(input.Count());
+    }
     printer.Finish();
     if (input.Count() != 0) screen.EndLine();
     const std::string_view noun = RecordWord(kind, input.Count() != 1);

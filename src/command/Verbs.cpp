@@ -46,7 +46,9 @@ constexpr VerbRow kVerbs[] = {
      1,
      kAnyNumber,
      "tell what files are and whether they are whole",
-     "A folder of files that hold one record each counts as well. The result is 1 if a file can't be read, is damaged "
+     "A folder of files that hold one record each counts as well, and - is standard input, whose format --format "
+     "names. "
+     "The result is 1 if a file can't be read, is damaged "
      "or cut short.",
      kInfoExamples},
     {Verb::kShow,
@@ -55,7 +57,8 @@ constexpr VerbRow kVerbs[] = {
      1,
      1,
      "print the records of a file",
-     "The listing is for a person; the document that --json prints is for scripts, and convert takes it back. Of a "
+     "FILE may be -, standard input, whose format --format names. The listing is for a person; the document that "
+     "--json prints is for scripts, and convert takes it back. Of a "
      "damaged file what came whole is printed, then the place of the damage is told and the result is 1.",
      kShowExamples},
     {Verb::kDiff,
@@ -73,7 +76,9 @@ constexpr VerbRow kVerbs[] = {
      2,
      kAnyNumber,
      "write the records of files into a file of another format",
-     "Several inputs of one kind are joined in their order. OUTPUT is written beside its place and read back; what did "
+     "Several inputs of one kind are joined in their order. - is standard input or standard output, whose format "
+     "--from "
+     "or --to names. OUTPUT is written beside its place and read back; what did "
      "not survive and what was added is told, and only then does it take its place. Where a file of the format holds "
      "one record, more of them make OUTPUT a new folder.",
      kConvertExamples},

@@ -40,17 +40,19 @@ class BrokenPipeHeldOff {
 
 }  // namespace
 
-void WriteDebugOutput(std::u16string_view text) noexcept {
+void WriteToErrors(std::string_view bytes) noexcept {
     const BrokenPipeHeldOff guard;
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(STDERR_FILENO, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) return;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+}
+
+void WriteDebugOutput(std::u16string_view text) noexcept {
     try {
-        const std::string bytes = ToUtf8(text);
-        std::string_view rest = bytes;
-        while (!rest.empty()) {
-            const ssize_t written = ::write(STDERR_FILENO, rest.data(), rest.size());
-            if (written < 0 && errno == EINTR) continue;
-            if (written <= 0) return;
-            rest.remove_prefix(static_cast<std::size_t>(written));
-        }
+        WriteToErrors(ToUtf8(text));
     } catch (...) {  // no memory: the text is dropped
     }
 }

@@ -15,7 +15,7 @@ void Keep(int signal) {
 }  // namespace
 
 void CatchInterrupts() {
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) {
         // One that is ignored, as behind nohup, stays so.
         if (std::signal(signal, &Keep) == SIG_IGN) std::signal(signal, SIG_IGN);
     }

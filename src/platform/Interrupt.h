@@ -5,8 +5,8 @@ namespace orvale {
 /// What ends the work when the user interrupts it, so that what is half done goes with the objects that hold it.
 struct Interrupted {};
 
-/// From here on an interrupt, a hang-up or a request to end is kept for ThrowIfInterrupted. For programs, not for the
-/// module: signals are the host's.
+/// From here on an interrupt, a hang-up, a request to end or an output that nobody reads any more is kept for
+/// ThrowIfInterrupted. For programs, not for the module: signals are the host's.
 void CatchInterrupts();
 
 /// Throws Interrupted once one of them came.

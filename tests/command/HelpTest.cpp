@@ -16,8 +16,8 @@ using testing::HasSubstr;
 constexpr char kInfoHelp[] = R"(Usage: orvale info [OPTIONS] FILE...
 
 Tell what files are and whether they are whole. A folder of files that hold one
-record each counts as well. The result is 1 if a file can't be read, is damaged
-or cut short.
+record each counts as well, and - is standard input, whose format --format
+names. The result is 1 if a file can't be read, is damaged or cut short.
 
 Options:
   --json              print the result as JSON
@@ -149,7 +149,8 @@ TEST(HelpTest, TellsTheModuleInUse) {
     const std::string first = version.substr(0, version.find('\n') + 1);
     EXPECT_EQ(RunOrvale(folder, "--version --module Other.so").output,
               first + "module: " + (folder / "Other.so").string() + "\n");
-    EXPECT_EQ(RunOrvale(folder, "--version --module=missing.so").output, first + "module: none\n");
+    EXPECT_EQ(RunOrvale(folder, "--version --module=missing.so").output,
+              first + "module: none at " + (folder / "missing.so").string() + "\n");
 }
 
 TEST(HelpTest, NamesTheNearestWord) {
@@ -158,9 +159,21 @@ TEST(HelpTest, NamesTheNearestWord) {
         const char* word;
         const char* nearest;
     } kCases[] = {
-        {"shwo", "show"}, {"format", "formats"}, {"lgo", "log"}, {"fromats", "formats"},
-        {"xyz", ""},      {"convert", ""},       {"", ""},       {"shooooow", ""},
-        {"x", ""},        {"inf", "info"},       {"SHOW", ""},   {"showshowshowshowshowshowshowshowshow", ""},
+        {"shwo", "show"},
+        {"format", "formats"},
+        {"lgo", "log"},
+        {"fromats", "formats"},
+        {"xyz", ""},
+        {"convert", ""},
+        {"", ""},
+        {"shooooow", ""},
+        {"x", ""},
+        {"inf", "info"},
+        {"SHOW", "show"},
+        {"form", "formats"},
+        {"nfio", "info"},
+        {"fog", "log"},
+        {"showshowshowshowshowshowshowshowshow", ""},
     };
     for (const auto& each : kCases)
         EXPECT_EQ(NearestWord(each.word, kWords), each.nearest) << each.word;

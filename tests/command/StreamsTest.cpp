@@ -34,6 +34,15 @@ class StreamsTest : public testing::Test {
         return outcome;
     }
 
+    // What a script of bash prints that knows the command as $ORVALE.
+    std::string RunScript(const std::string& script) {
+        folder.Put("script", script);
+        const Outcome outcome =
+            RunOrvale(folder, "formats >/dev/null; ORVALE='" ORVALE_COMMAND "' bash script", "export TMPDIR=spool;");
+        EXPECT_TRUE(std::filesystem::is_empty(folder / "spool")) << script;
+        return outcome.output;
+    }
+
     ScratchFolder folder;
 };
 
@@ -76,9 +85,27 @@ TEST_F(StreamsTest, WhatGoesWrongWithAStreamIsToldAsOfAFile) {
             EXPECT_THAT(outcome.output, IsEmpty());
         }
     }
-    EXPECT_EQ(RunOrvale(folder, "convert --to json ann.json - | false", "TMPDIR=missing").output, "");
+    EXPECT_EQ(Run("diff --format json - - <ann.json").exitCode, 2);
     EXPECT_THAT(RunOrvale(folder, "convert --to json ann.json -", "TMPDIR=missing").errors,
-                HasSubstr("standard output: No such file or directory"));
+                HasSubstr("standard output: temporary file: No such file or directory"));
+}
+
+// Who reads the output, or what is told, may go away at any moment.
+TEST_F(StreamsTest, AReaderWhoGoesAwayLeavesNothingBehind) {
+    std::string many = R"({"orvale": 1, "kind": "contacts", "records": [)";
+    for (int i = 0; i < 5000; ++i)
+        many += R"({"fields": [{"type": 5, "data": "A contact with a name of some length"}]},)";
+    folder.Put("many.json", many.substr(0, many.size() - 1) + "]}");
+    constexpr const char* kBrokenPipe = "141\n";  // as every program that ends by that signal
+    for (const char* const words : {"show many.json", "show --json --format json - <many.json",
+                                    "convert --to csv many.json -", "convert --from json --to json - - <many.json"})
+        EXPECT_EQ(RunScript("$ORVALE " + std::string(words) + " | head -c 1 >/dev/null; echo ${PIPESTATUS[0]}"),
+                  kBrokenPipe)
+            << words;
+    // What is told of losses goes nowhere; the work is done all the same.
+    EXPECT_EQ(RunScript("{ sleep 0.3; $ORVALE convert ann.json a.vcf; echo $? >code; } 2>&1 | true; cat code"), "0\n");
+    EXPECT_EQ(Run("convert ann.json b.vcf 2>&-").exitCode, 0);
+    EXPECT_EQ(Run("info a.vcf b.vcf").exitCode, 0);
 }
 
 // What a body writes to standard error when that is a terminal.
