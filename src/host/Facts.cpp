@@ -110,6 +110,7 @@ std::vector<Fact> FactsByVisit(const Record& record, const Record& fresh) {
 
 std::vector<Fact> FactsOf(const CContactItem& contact) {
     std::vector<Fact> facts;
+    facts.reserve(contact.fields.size() + 2);  // most fields are one, and one has a group
     if (contact.Storage != 0) facts.push_back({"storage", Format(u"%d", contact.Storage), true});
     for (const auto& field : contact.fields) {
         if (!field) continue;
