@@ -17,7 +17,8 @@ case "$#:${1-}" in
     1:--checks) packages+=(clang clang-format) ;;
     1:--packaging) packages+=(dpkg-dev lintian) ;;
     1:--comparison)
-        packages+=(libpugixml-dev libcsv-dev jq abook gammu php-cli php-sabre-vobject python3 python3-vobject gnuplot-nox time) ;;
+        packages+=(libpugixml-dev libcsv-dev jq abook gammu php-cli php-sabre-vobject)
+        packages+=(python3 python3-vobject gnuplot-nox time) ;;
     1:-h | 1:--help) echo "$usage"; exit 0 ;;
     *) echo "$usage" >&2; exit 2 ;;
 esac
