@@ -27,7 +27,11 @@ namespace fs = std::filesystem;
 
 // The format of the output; `kind` is known only once the inputs were opened, and an .xml output waits for it.
 const FormatRow* OutputFormat(const ConvertOrder& order, std::optional<Kind> kind) {
-    const FormatRow* const format = order.to.empty() ? FormatOfExtension(order.output, kind) : &FormatOfName(order.to);
+    const FormatRow* format = order.to.empty() ? FormatOfExtension(order.output, kind) : &FormatOfName(order.to);
+    if (const FormatRow& vcf = FormatOfName("vcf"); !order.options.vcardVersion.empty() && format != nullptr) {
+        if (order.to.empty() && format->extension == vcf.extension) format = &vcf;
+        if (format != &vcf) FailUsage("--vcard-version is of the format vcf alone");
+    }
     if (format == nullptr && (kind || !IsKnownExtension(order.output)))
         FailUsage(ErrorLine(order.output, "", "nothing tells its format; --to names one"));
     if (format != nullptr && !format->writes)

@@ -6,6 +6,7 @@
 
 #include "command/CommandError.h"
 #include "command/EditDistance.h"
+#include "command/exchange/VcfFormat.h"
 #include "command/json/JsonDocument.h"
 
 namespace orvale {
@@ -14,6 +15,7 @@ namespace {
 // The command's own formats, in the order in which they are asked whether a file is theirs.
 constexpr FormatRow kOwnFormats[] = {
     {"json", std::nullopt, ".json", std::nullopt, true, EndRule::kNone, ProfileShape::kAny, &kJsonFormat},
+    {"vcf", Kind::kContacts, ".vcf", std::nullopt, true, EndRule::kNone, ProfileShape::kNone, &kVcfFormat},
 };
 
 const std::vector<FormatRow>& Table() {

@@ -43,6 +43,11 @@ void TakeProfile(Arguments& arguments, const std::string& word) {
     profiles.push_back(word);
 }
 
+void TakeVCardVersion(Arguments& arguments, const std::string& word) {
+    if (word != "3.0" && word != "4.0") FailUsage("--vcard-version takes 3.0 or 4.0, not '" + Quote(word) + "'");
+    arguments.convert.options.vcardVersion = word;
+}
+
 void TakeWithPasswords(Arguments& arguments, const std::string&) {
     (arguments.verb == Verb::kShow ? arguments.show.withPasswords : arguments.convert.options.withPasswords) = true;
 }
@@ -137,6 +142,14 @@ constexpr OptionRow kOptions[] = {
      "replace an output that exists",
      "",
      [](Arguments& a, const std::string&) { a.convert.force = true; }},
+    {"--vcard-version",
+     "",
+     {"VERSION", Values::kChoices, "3.0 4.0"},
+     false,
+     Set({Verb::kConvert}),
+     "write a vCard of version 3.0 or 4.0, which makes an output named .vcf one of the format vcf",
+     "Without it that format is written as 3.0, and an output named .vcf is a vCard 2.1.",
+     &TakeVCardVersion},
     {"--unique",
      "",
      {},

@@ -12,6 +12,7 @@ namespace orvale {
 /// What the user may choose of how an output is written.
 struct OutputOptions {
     bool withPasswords = false;
+    std::string vcardVersion;  ///< of a vCard, "3.0" or "4.0"; empty where none was asked for
 };
 
 /// A file of one of the command's own formats, being written as a stream. A failure of the stream is the caller's to

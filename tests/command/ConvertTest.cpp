@@ -114,14 +114,14 @@ TEST_F(ConvertTest, TellsWhatAVCardReaderCantMakeOut) {
         "odd.vcf",
         "hello\r\nBEGIN:VCARD\r\nVERSION:2.1\r\nFN:A\r\nX-FOO:bar\r\nTEL;X:1\r\nNOTE:\xFF\r\nEND:VCARD\r\n"
         "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:B\r\nEND:VCARD\r\nBEGIN:VCARD\r\nVERSION:2.1\r\nFN:C\r\nEND:VCARD\r\n");
-    const Outcome out = Run("convert odd.vcf a.qzs");
+    const Outcome out = Run("convert --from vcard odd.vcf a.qzs");
     EXPECT_EQ(out.exitCode, 0);
     EXPECT_EQ(out.errors,
               "orvale: a.qzs: lost: bytes that code page 65001 doesn't have: 1, first in odd.vcf, line 7\n"
               "orvale: a.qzs: lost: lines outside of cards of version 2.1: 5, first in odd.vcf, line 1\n"
               "orvale: a.qzs: lost: lines with an unknown key, which joined the value before them: 2, first in "
               "odd.vcf, line 5\n");
-    EXPECT_EQ(Run("convert --strict odd.vcf b.qzs").exitCode, 3);
+    EXPECT_EQ(Run("convert --strict --from vcard odd.vcf b.qzs").exitCode, 3);
     EXPECT_FALSE(fs::exists(folder / "b.qzs"));
 }
 
@@ -142,10 +142,10 @@ TEST_F(ConvertTest, NothingOfACardGoesInSilence) {
     for (const auto& each : kCases) {
         SCOPED_TRACE(each.loss);
         folder.Put("in.vcf", "BEGIN:VCARD\r\nVERSION:2.1\r\nFN:A\r\n" + each.lines + "END:VCARD\r\n");
-        EXPECT_EQ(Run("convert --force in.vcf a.qzs").errors, "orvale: a.qzs: lost: " + std::string(each.loss) + "\n");
+        EXPECT_EQ(Run("convert --force --from vcard in.vcf a.qzs").errors, "orvale: a.qzs: lost: " + std::string(each.loss) + "\n");
     }
     folder.Put("in.vcf", "BEGIN:VCARD\r\nVERSION:2.1\r\nTEL;CELL:\r\nX-A:b\r\nNOTE:good\r\n fold\r\nEND:VCARD\r\n");
-    EXPECT_EQ(Run("convert --force in.vcf a.qzs").errors,
+    EXPECT_EQ(Run("convert --force --from vcard in.vcf a.qzs").errors,
               "orvale: a.qzs: lost: lines that belong to no value, which were dropped: 1, first in in.vcf, line 4\n");
 }
 
