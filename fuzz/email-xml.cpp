@@ -1,0 +1,5 @@
+#include "support/RecordFiles.h"
+
+ORVALE_FUZZ_TARGET("email-xml") {
+    orvale::fuzz::AskSettled<CEmailItem>(orvale::FileFormat::kEmailXml, input);
+}

@@ -1,0 +1,5 @@
+#include "support/RecordFiles.h"
+
+ORVALE_FUZZ_TARGET("phonebook-xml") {
+    orvale::fuzz::AskSettled<CContactItem>(orvale::FileFormat::kPhonebookXml, input);
+}

@@ -1,0 +1,161 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "command/Flatten.h"
+#include "command/FormatTable.h"
+#include "command/Kinds.h"
+#include "command/Profile.h"
+#include "host/Formats.h"
+#include "host/RecordFile.h"
+#include "support/MemoryWatch.h"
+#include "support/Scratch.h"
+#include "support/Target.h"
+
+/// What the targets of the twelve formats share. File objects come from the module's exports, which are linked in so
+/// that the engine sees their ways.
+namespace orvale::fuzz {
+
+/// A file object, closed and given back as hosts do it.
+class Object {
+ public:
+    explicit Object(FileFormat format);
+    ~Object();
+    Object(const Object&) = delete;
+    Object& operator=(const Object&) = delete;
+
+    bool Open(const std::string& path, std::uint32_t flags);
+    CFileInterface* operator->() { return object_; }
+    CFileInterface& operator*() { return *object_; }
+
+ private:
+    CFileInterface* object_ = nullptr;
+};
+
+/// What a file says.
+struct Told {
+    bool header = false;
+    std::int32_t verify = VERIFY_NOT_OPENED;
+    std::string profile;
+    std::vector<std::u16string> records;
+};
+
+/// The profile by which columns are read and written: names and others, a type that has two, one that no table names.
+const SharedProfile& Columns();
+
+/// The profile that an object has, for the shapes that suites carry.
+SharedProfile ProfileOf(CFileInterface& object, ProfileShape shape);
+
+/// All that a profile says.
+std::string TextOf(const SharedProfile& profile);
+
+/// Detection tells a file's format by its content.
+void MustTellFormat(const Scratch& file, FileFormat format);
+
+/// How a format is worked with.
+ProfileShape ShapeOfFormat(FileFormat format);
+
+/// For a reading that only wants what it tells.
+inline constexpr auto kNothing = [](const auto&) {};
+
+/// Reads a file up to the first 0 of Read, calling `each` with every record, then asks a little further, which must be
+/// harmless. `begin` is called with the profile before the first record.
+template <class Record, class Begin = decltype(kNothing), class Each = decltype(kNothing)>
+Told Read(FileFormat format, const std::string& path, Begin begin = kNothing, Each each = kNothing) {
+    Told told;
+    const ProfileShape shape = ShapeOfFormat(format);
+    Object file(format);
+    if (!file.Open(path, CFile::kModeRead)) return told;
+    if (shape == ProfileShape::kColumns) file->SetProfile(AddressOf(Columns()));
+    told.header = file->ReadFileHeader() != 0;
+    told.verify = file->Verify();
+    const SharedProfile profile = shape == ProfileShape::kColumns ? Columns() : ProfileOf(*file, shape);
+    if (profile != Columns()) told.profile = TextOf(profile);
+    begin(profile);
+    void* record = nullptr;
+    while (file->Read(&record) != 0) {
+        Flatten(*static_cast<const Record*>(record), told.records.emplace_back());
+        each(*static_cast<const Record*>(record));
+    }
+    for (int i = 0; i < 3; ++i)
+        file->Read(&record);
+    file->Close();
+    return told;
+}
+
+/// Reads a file and writes each record to another of a format, as a host converts files, calling `each` with it.
+template <class Record, class Each = decltype(kNothing)>
+Told Copy(FileFormat format, const std::string& from, FileFormat toFormat, const std::string& to,
+          Each each = kNothing) {
+    const bool columns = ShapeOfFormat(toFormat) == ProfileShape::kColumns;
+    bool written = true;
+    Object file(toFormat);
+    Must(file.Open(to, CFile::kCreateReadWrite), "a file can be made");
+    const auto begin = [&](const SharedProfile& profile) {
+        file->SetProfile(AddressOf(profile));
+        if (!columns) written = file->WriteFileHeader() != 0;
+    };
+    Told told = Read<Record>(format, from, begin, [&](const Record& record) {
+        each(record);
+        written = file->Write(&record) != 0 && written;
+    });
+    if (columns) written = file->WriteFileHeader() != 0 && written;  // the captions come last
+    file->Close();
+    Must(written, "what was read can be written");
+    return told;
+}
+
+/// Reads an input and writes what it holds to `copy`, under the watch of memory.
+template <class Record, class Each = decltype(kNothing)>
+Told CopyInput(FileFormat format, std::string_view input, FileFormat toFormat, const Scratch& copy,
+               Each each = kNothing) {
+    const Scratch file("input", input);
+    const MemoryWatch watch(input.size());
+    return Copy<Record>(format, file.Path(), toFormat, copy.Path(), each);
+}
+
+/// The question of a format that keeps all: after `writings` writings, records are what they were when they were read
+/// first, and so are the bytes of the file.
+template <class Record>
+void AskExact(FileFormat format, std::string_view input, int writings = 1) {
+    const Scratch copy("copy");
+    const Scratch from("from");
+    const Scratch to("to");
+    const Told first = CopyInput<Record>(format, input, format, copy);
+    MustTellFormat(copy, format);
+    from.Put(copy.Get());
+    for (int i = 0; i < writings; ++i) {
+        const Told again = Copy<Record>(format, from.Path(), format, to.Path());
+        Must(again.header && again.verify == VERIFY_OK, "a file that was written is in order");
+        Must(again.records.size() == first.records.size(), "as many records come back");
+        Must(i + 1 < writings || again.records == first.records, "records come back as they were");
+        from.Put(to.Get());
+    }
+    Must(from.Get() == copy.Get(), "the file comes back as it was");
+}
+
+/// The fields of a contact, as type and value.
+std::vector<std::pair<std::int32_t, std::u16string>> FieldsOf(const CContactItem& contact);
+
+/// The length of a text's longest line, with its CR LF.
+std::size_t LongestLine(std::string_view text);
+
+/// The question of a format that keeps what it can: what was written once comes back as it was.
+template <class Record>
+void AskSettled(FileFormat format, std::string_view input) {
+    const Scratch copy("copy");
+    const Scratch again("again");
+    const Told first = CopyInput<Record>(format, input, format, copy);
+    if (!first.header) return;
+    if (!first.records.empty()) MustTellFormat(copy, format);
+    const Told second = Copy<Record>(format, copy.Path(), format, again.Path());
+    const Told third = Read<Record>(format, again.Path());
+    Must(second.header && second.verify == VERIFY_OK, "a file that was written is in order");
+    Must(second.profile == third.profile, "a profile that was written once comes back as it was");
+    Must(second.records == third.records, "records that were written once come back as they were");
+}
+
+}  // namespace orvale::fuzz

@@ -1,0 +1,5 @@
+#include "support/RecordFiles.h"
+
+ORVALE_FUZZ_TARGET("vcalendar") {
+    orvale::fuzz::AskSettled<CCalendarItem>(orvale::FileFormat::kVCalendar, input);
+}
