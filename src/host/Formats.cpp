@@ -22,11 +22,15 @@ Likeness HasFlag(std::string_view head, std::uint64_t) {
     return Sure(head.starts_with(std::string_view(kFlag, sizeof kFlag)));
 }
 
+constexpr std::string_view kSpace = " \t\r\n\v\f";
+
+std::string_view TrimFront(std::string_view text) {
+    return text.substr(std::min(text.find_first_not_of(kSpace), text.size()));
+}
+
 std::string_view TrimAscii(std::string_view text) {
-    constexpr std::string_view kSpace = " \t\r\n\v\f";
-    const std::size_t first = text.find_first_not_of(kSpace);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(kSpace) - first + 1);
+    text = TrimFront(text);
+    return text.substr(0, text.find_last_not_of(kSpace) + 1);
 }
 
 // Whether the first line that opens a block opens this one. Text before it is passed over, as the readers do.
@@ -69,7 +73,8 @@ std::string_view FirstStartTag(std::string_view text) {
     text = TrimAscii(text);
     while (text.starts_with("<?") || text.starts_with("<!")) {
         std::string_view end = text.starts_with("<?") ? "?>" : text.starts_with("<!--") ? "-->" : ">";
-        if (end == ">" && text.find('[') < text.find('>')) end = "]>";  // a document type with declarations of its own
+        // A document type with declarations of its own. No further than to the first ">" is looked each time.
+        if (end == ">" && text.substr(0, text.find('>')).find('[') != std::string_view::npos) end = "]>";
         const std::size_t found = text.find(end);
         if (found == std::string_view::npos) return {};
         text = TrimAscii(text.substr(found + end.size()));
@@ -84,9 +89,9 @@ Likeness HasSuiteId(std::string_view head, std::uint64_t) {
     const std::string_view tag = FirstStartTag(text);
     for (std::size_t at = tag.find("id"); at != std::string_view::npos; at = tag.find("id", at + 1)) {
         if (at == 0 || std::string_view(" \t\r\n").find(tag[at - 1]) == std::string_view::npos) continue;
-        const std::string_view rest = TrimAscii(tag.substr(at + 2));
+        const std::string_view rest = TrimFront(tag.substr(at + 2));
         if (!rest.starts_with('=')) continue;
-        const std::string_view value = TrimAscii(rest.substr(1));
+        const std::string_view value = TrimFront(rest.substr(1));
         if (value.size() < 2 || (value[0] != '"' && value[0] != '\'')) continue;
         return Sure(value.substr(1, value.find(value[0], 1) - 1) == kId);
     }

@@ -1,0 +1,43 @@
+#!/usr/bin/env bash
+# Holds what a reading costs against the size of its input, counted in the processor's instructions and so the same
+# everywhere: an input of ten times the size may cost at most eleven times as much, beyond what an empty one does. The
+# inputs are the cases of fuzz/support/Growth.cpp; each is read, written and read again. Takes valgrind.
+#
+#     scripts/growth.sh [CASE...]
+set -euo pipefail
+cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.."
+
+if ! command -v valgrind >/dev/null; then echo "scripts/growth.sh needs valgrind" >&2; exit 1; fi
+scripts/install-dependencies.sh
+if command -v ccache >/dev/null; then export CMAKE_CXX_COMPILER_LAUNCHER=ccache; fi
+cmake --preset debug --log-level=WARNING >/dev/null
+cmake --build --preset debug --target orvale_fuzz_growth -- --quiet
+program=build/debug/fuzz/orvale_fuzz_growth
+
+if (($# == 0)); then mapfile -t cases < <("$program"); else cases=("$@"); fi
+small=4000
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+
+cost() {  # CASE SIZE
+    TMPDIR=$scratch valgrind --tool=cachegrind --cache-sim=no --cachegrind-out-file=/dev/null "$program" "$1" "$2" 2>&1 |
+        sed -n 's/,//g; s/^==.*I *refs: *//p'
+}
+
+# One line of a case; fails where it grows too fast.
+judge() {  # CASE
+    local none one ten times
+    none=$(cost "$1" 0) one=$(cost "$1" "$small") ten=$(cost "$1" $((10 * small)))
+    times=$((100 * (ten - none) / (one - none)))
+    printf '%-26s %14s instructions for %s bytes, times %d.%02d for ten times as many\n' \
+        "$1" $((one - none)) "$small" $((times / 100)) $((times % 100))
+    ((times <= 1100))
+}
+export program small scratch
+export -f cost judge
+
+if ! printf '%s\0' "${cases[@]}" | xargs -0 -P "$(nproc)" -I{} bash -euo pipefail -c 'judge {}'; then
+    echo "Something grows faster than its input." >&2
+    exit 1
+fi
+echo "${#cases[@]} cases grow in a straight line."
