@@ -1,5 +1,9 @@
 #include "support/RecordFiles.h"
 
 ORVALE_FUZZ_TARGET("vcalendar") {
-    orvale::fuzz::AskSettled<CCalendarItem>(orvale::FileFormat::kVCalendar, input);
+    const auto keeps = [](const CCalendarItem& item) {
+        using orvale::fuzz::HasWholeYear;
+        return HasWholeYear(item.dtstart) && HasWholeYear(item.dtend) && HasWholeYear(item.recurenddate);
+    };
+    orvale::fuzz::AskSettled<CCalendarItem>(orvale::FileFormat::kVCalendar, input, keeps);
 }

@@ -1,6 +1,7 @@
 #include "support/MemoryWatch.h"
 
 #include <string>
+#include <utility>
 
 #include "support/Target.h"
 
@@ -58,6 +59,12 @@ MemoryWatch::~MemoryWatch() {
     watching = false;
     if (most > limit_)
         Must(false, "memory stays below its limit of " + std::to_string(limit_) + ", was " + std::to_string(most));
+}
+
+MemoryWatch::Pause::Pause() : wasWatching_(std::exchange(watching, false)) {}
+
+MemoryWatch::Pause::~Pause() {
+    watching = wasWatching_;
 }
 
 }  // namespace orvale::fuzz

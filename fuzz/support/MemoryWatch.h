@@ -10,15 +10,27 @@ namespace orvale::fuzz {
 class MemoryWatch {
  public:
     /// Buffers of a stream and what a format sets up however short its file is.
-    static constexpr std::size_t kBase = 1024 * 1024;
+    static constexpr std::size_t kBase = 256 * 1024;
 
-    /// The dearest byte of a file is that of a record's shortest entry; see the page on reliability for what was met.
+    /// The dearest bytes are those of a record's shortest entries: 168 for each was met, of an empty field in JSON.
     static constexpr std::size_t kMultiple = 256;
 
     explicit MemoryWatch(std::size_t inputSize);
     ~MemoryWatch();
     MemoryWatch(const MemoryWatch&) = delete;
     MemoryWatch& operator=(const MemoryWatch&) = delete;
+
+    /// While one of these lives nothing is counted: for what isn't the reading's own.
+    class Pause {
+     public:
+        Pause();
+        ~Pause();
+        Pause(const Pause&) = delete;
+        Pause& operator=(const Pause&) = delete;
+
+     private:
+        bool wasWatching_;
+    };
 
  private:
     std::size_t limit_;

@@ -58,6 +58,11 @@ std::vector<std::pair<std::int32_t, std::u16string>> FieldsOf(const CContactItem
     return fields;
 }
 
+bool HasWholeYear(const DateValue& date) {
+    constexpr int kFirst = 1001;  // in either zone
+    return date.IsNone() || (date.Fields() && date.Fields()->year >= kFirst);
+}
+
 std::size_t LongestLine(std::string_view text) {
     constexpr std::string_view kLineEnd = "\r\n";
     std::size_t longest = 0;
