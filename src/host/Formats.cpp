@@ -46,9 +46,15 @@ bool OpensWith(std::string_view head, std::string_view block) {
     return false;
 }
 
+std::string_view WithoutMark(std::string_view text) {
+    constexpr std::string_view kMark = "\xEF\xBB\xBF";
+    return text.starts_with(kMark) ? text.substr(kMark.size()) : text;
+}
+
+// A line of a suite or of a JSON document may well be one that opens a block.
 template <const char* kBlock>
 Likeness HasBlock(std::string_view head, std::uint64_t) {
-    const std::string_view text = TrimAscii(head);
+    const std::string_view text = TrimFront(WithoutMark(head));
     return Sure(!text.starts_with('<') && !text.starts_with('{') && OpensWith(head, kBlock));
 }
 
@@ -69,8 +75,7 @@ std::string NarrowHead(std::string_view head) {
 
 // The first start tag, behind declaration, comments and document type; empty if there is none.
 std::string_view FirstStartTag(std::string_view text) {
-    if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
-    text = TrimAscii(text);
+    text = TrimAscii(WithoutMark(text));
     while (text.starts_with("<?") || text.starts_with("<!")) {
         std::string_view end = text.starts_with("<?") ? "?>" : text.starts_with("<!--") ? "-->" : ">";
         // A document type with declarations of its own. No further than to the first ">" is looked each time.

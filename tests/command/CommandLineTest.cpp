@@ -122,8 +122,12 @@ TEST_F(CommandLineTest, InfoGoesOnAfterAFileThatFails) {
 TEST_F(CommandLineTest, ContentTellsTheFormatBeforeTheExtension) {
     folder.Put("card.qzs", "\r\n begin:vcard\r\nVERSION:2.1\r\nFN:A\r\nEND:VCARD\r\n");
     folder.Put("empty.vcf", "");
-    EXPECT_THAT(RunOrvale(folder, "info card.qzs empty.vcf").output,
-                testing::AllOf(HasSubstr("card.qzs: vcard"), HasSubstr("empty.vcf: vcard")));
+    folder.Put("marked.xml",
+               "\xEF\xBB\xBF<SMS id='suite-SMS'><profile/><smsentries><sms><content>\nBEGIN:VCARD\n</content></sms>"
+               "</smsentries></SMS>");
+    EXPECT_THAT(
+        RunOrvale(folder, "info card.qzs empty.vcf marked.xml").output,
+        testing::AllOf(HasSubstr("card.qzs: vcard"), HasSubstr("empty.vcf: vcard"), HasSubstr("marked.xml: sms-xml")));
 }
 
 TEST_F(CommandLineTest, SetsTheLogOfTheModuleInUse) {
