@@ -52,9 +52,9 @@ trap finish EXIT
 export ASAN_OPTIONS="quarantine_size_mb=4${ASAN_OPTIONS:+:$ASAN_OPTIONS}"
 
 run_target() {  # NAME
-    local name=$1 dictionary pattern options=()
+    local name=$1 dictionary longest pattern status=0 options=()
     local corpus=build/fuzz-corpus/$name
-    read -r dictionary pattern <<<"${row[$name]}"
+    read -r dictionary longest pattern <<<"${row[$name]}"
     mkdir -p "$corpus" build/fuzz-findings "$scratch/$name"
     if [[ $dictionary != - ]]; then options+=("-dict=fuzz/dictionaries/$dictionary.dict"); fi
     # Words and wildcards of the table are meant to be split and expanded.
@@ -65,18 +65,20 @@ run_target() {  # NAME
         if [[ -d $folder ]]; then folders+=("$folder"); fi
     done
     TMPDIR=$scratch/$name build/fuzz/fuzz/fuzz_"$name" "${folders[@]}" "${options[@]}" \
-        -max_total_time="$seconds" -max_len=4096 -timeout=10 -rss_limit_mb=1024 -malloc_limit_mb=256 -entropic=0 \
-        -print_final_stats=1 -artifact_prefix="build/fuzz-findings/$name-" >"$scratch/$name.log" 2>&1
+        -max_total_time="$seconds" -max_len="$longest" -timeout=10 -rss_limit_mb=1024 -malloc_limit_mb=256 -entropic=0 \
+        -print_final_stats=1 -artifact_prefix="build/fuzz-findings/$name-" >"$scratch/$name.log" 2>&1 || status=$?
+    times >"$scratch/$name.times"  # its second line is that of the processes under this one
+    return "$status"
 }
 
-# One line of a target's figures, from the engine's own.
+# One line of a target's figures, from the engine's own. The rate is that of a processor which does nothing else.
 tell() {  # NAME
-    local log=$scratch/$1.log executions rate edges features
+    local log=$scratch/$1.log executions edges features
     executions=$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")
-    rate=$(sed -n 's/^stat::average_exec_per_sec: *//p' "$log")
     read -r edges features < <(sed -n 's/.* cov: \([0-9]*\) ft: \([0-9]*\) .*/\1 \2/p' "$log" | tail -n 1)
-    printf '%-18s %12s executions %8s a second %8s edges %8s features\n' \
-        "$1" "${executions:-?}" "${rate:-?}" "${edges:-?}" "${features:-?}"
+    tr 'ms' '  ' <"$scratch/$1.times" | awk -v name="$1" -v count="${executions:-0}" -v edges="${edges:-0}" -v features="${features:-0}" \
+        'NR == 2 { printf "%-18s %10d executions %6d a processor second %6d edges %6d features\n",
+           name, count, count / ($1 * 60 + $2 + $3 * 60 + $4), edges, features }'
 }
 
 declare -A target_of
