@@ -14,7 +14,12 @@
 #endif
 
 #ifdef ORVALE_WATCHES_MEMORY
-#include <sanitizer/allocator_interface.h>
+// Of the sanitizer's run-time library, whose header for them doesn't come with every compiler.
+extern "C" {
+int __sanitizer_install_malloc_and_free_hooks(void (*onAllocation)(const volatile void*, std::size_t),
+                                              void (*onRelease)(const volatile void*));
+std::size_t __sanitizer_get_allocated_size(const volatile void* address);
+}
 #endif
 
 namespace orvale::fuzz {
