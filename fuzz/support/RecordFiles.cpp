@@ -4,6 +4,7 @@
 
 #include "command/Profiles.h"
 #include "command/json/ProfileJson.h"
+#include "platform/CodePage.h"
 #include "platform/Text.h"
 
 namespace orvale::fuzz {
@@ -52,9 +53,10 @@ ProfileShape ShapeOfFormat(FileFormat format) {
 }
 
 std::vector<std::pair<std::int32_t, std::u16string>> FieldsOf(const CContactItem& contact) {
+    static TextConverter converter;
     std::vector<std::pair<std::int32_t, std::u16string>> fields;
     for (const auto& field : contact.fields)
-        fields.emplace_back(field->Type, field->Data);
+        fields.emplace_back(field->Type, converter.ToWide(converter.ToNarrow(field->Data)));
     return fields;
 }
 

@@ -147,7 +147,7 @@ void AskExact(FileFormat format, std::string_view input, int writings = 1) {
     Must(from.Get() == copy.Get(), "the file comes back as it was");
 }
 
-/// The fields of a contact, as type and value.
+/// The fields of a contact, as type and value, the values as far as the code page holds them.
 std::vector<std::pair<std::int32_t, std::u16string>> FieldsOf(const CContactItem& contact);
 
 /// The length of a text's longest line, with its CR LF.
