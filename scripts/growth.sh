@@ -24,13 +24,18 @@ cost() {  # CASE SIZE
         sed -n 's/,//g; s/^==.*I *refs: *//p'
 }
 
-# One line of a case; fails where it grows too fast.
-judge() {  # CASE
-    local none one ten times
-    none=$(cost "$1" 0) one=$(cost "$1" "$small") ten=$(cost "$1" $((10 * small)))
+# One line of a case; fails where it grows too fast. The line may be bent at its start, as by a buffer that is filled once
+# or many times: what is above the limit is looked at again at ten times the size, where a true curve is only steeper.
+judge() {  # CASE [SIZE]
+    local size=${2:-$small} none one ten times
+    none=$(cost "$1" 0) one=$(cost "$1" "$size") ten=$(cost "$1" $((10 * size)))
     times=$((100 * (ten - none) / (one - none)))
+    if ((times > 1100 && size == small)); then
+        judge "$1" $((10 * size))
+        return
+    fi
     printf '%-26s %14s instructions for %s bytes, times %d.%02d for ten times as many\n' \
-        "$1" $((one - none)) "$small" $((times / 100)) $((times % 100))
+        "$1" $((one - none)) "$size" $((times / 100)) $((times % 100))
     ((times <= 1100))
 }
 export program small scratch

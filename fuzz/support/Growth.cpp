@@ -134,7 +134,12 @@ const Case kCases[] = {
     {"xml-text-and-comments", "xml", "<a>", [](std::int32_t) { return "b<!--c-->"s; }, "</a>"},
     {"xml-sections", "xml", "<a>", [](std::int32_t) { return "<![CDATA[b]]>"s; }, "</a>"},
     {"xml-entities", "xml", "<!DOCTYPE a [<!ENTITY e \"b\">]><a>", [](std::int32_t) { return "&e;"s; }, "</a>"},
-    {"xml-attributes", "xml", "<a", [](std::int32_t place) { return " b" + std::to_string(place) + "='c'"; }, "/>"},
+    // An element may have a thousand attributes; far more of them are refused in a straight line too.
+    {"xml-attributes", "phonebook-xml", "<phonebook",
+     [](std::int32_t place) { return " b" + std::to_string(place) + "='c'"; }, "/>"},
+    {"xml-defaults", "phonebook-xml",
+     "<!DOCTYPE phonebook [<!ATTLIST C00 a CDATA '' b CDATA ''>]>" + Suite("phonebook", "suite-phonebook", ""),
+     [](std::int32_t) { return "<C00/>"s; }, "</phonebook>"},
     {"json-contacts", "json", "{\"kind\":\"contacts\",\"records\":[{}",
      [](std::int32_t) { return ",{\"fields\":[{\"type\":5,\"data\":\"a\"}]}"s; }, "]}"},
     {"json-fields", "json", "{\"kind\":\"contacts\",\"records\":[{\"fields\":[{}", [](std::int32_t) { return ",{}"s; },

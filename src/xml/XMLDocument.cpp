@@ -203,13 +203,36 @@ void DropBlanksBehind(const xmlNode* parent, const xmlNode* child) {
     }
 }
 
+// What a document may have of attributes. The library compares those of an element with each other, and those that a
+// declaration gives by default cost a byte or two of the file and some hundred of memory at each element: 20 KB of file
+// made half a gigabyte.
+constexpr int kMostAttributes = 1000;            // of an element; namespaces in scope likewise
+constexpr std::int64_t kMostDefaulted = 100000;  // of the whole document
+
+// Refuses the document that is being parsed.
+void Refuse(xmlParserCtxt& parser) {
+    xmlStopParser(&parser);
+    parser.wellFormed = 0;
+}
+
+// Whether an element has too many, told while its start is still being read: by what the library has made room for.
+bool MakesRoomForTooMany(const xmlParserCtxt& parser) {
+    constexpr int kFields = 5;
+    return parser.maxatts > 2 * kFields * kMostAttributes || parser.nsMax > 8 * kMostAttributes;
+}
+
 // An element's start is the moment at which its parent is known to have child elements, so that the blanks before it
 // are no value. Each child is looked at once or twice in all.
 //
 // Names are whole from here on: a prefix is part of the name, and a declaration of one an attribute like others.
 void StartElement(void* context, const xmlChar* name, const xmlChar* prefix, const xmlChar*, int namespaceCount,
-                  const xmlChar** namespaces, int attributeCount, int, const xmlChar** attributes) noexcept {
+                  const xmlChar** namespaces, int attributeCount, int defaultedCount,
+                  const xmlChar** attributes) noexcept {
     xmlParserCtxt& parser = Parser(context);
+    auto* const defaulted = static_cast<std::int64_t*>(parser._private);  // one for the document and its entities
+    if (attributeCount + namespaceCount > kMostAttributes || parser.nsNr / 2 > kMostAttributes ||
+        defaulted == nullptr || (*defaulted += defaultedCount) > kMostDefaulted)
+        return Refuse(parser);
     if (parser.node != nullptr) DropBlanksBehind(parser.node, LastElement(parser.node));
     constexpr std::size_t kFields = 5;  // name, prefix, namespace, first and last of the value
     // The library bounds the memory of names; beyond that there is none.
@@ -237,11 +260,7 @@ void StartElement(void* context, const xmlChar* name, const xmlChar* prefix, con
     } catch (...) {
         isNamed = false;
     }
-    if (!isNamed) {
-        xmlStopParser(&parser);
-        parser.wellFormed = 0;
-        return;
-    }
+    if (!isNamed) return Refuse(parser);
     // Attributes by default count like those that are written.
     xmlSAX2StartElementNs(context, wholeName, nullptr, nullptr, 0, nullptr, namespaceCount + attributeCount, 0,
                           list.data());
@@ -273,6 +292,9 @@ void EndElement(void* context, const xmlChar* name, const xmlChar* prefix, const
 // Only what the document itself says in full is an entity; one that lies elsewhere isn't known.
 void DeclareEntity(void* context, const xmlChar* name, int type, const xmlChar* publicId, const xmlChar* systemId,
                    xmlChar* content) noexcept {
+    // Its text is parsed in one go, in which nothing could stop an element with too many attributes.
+    constexpr int kLongest = 64 * 1024;
+    if (content != nullptr && xmlStrlen(content) > kLongest) return Refuse(Parser(context));
     if (type == XML_INTERNAL_GENERAL_ENTITY) xmlSAX2EntityDecl(context, name, type, publicId, systemId, content);
 }
 
@@ -290,6 +312,9 @@ void SetHandlers(xmlParserCtxt& parser) {
     handlers.endElementNs = EndElement;
     handlers.characters = handlers.ignorableWhitespace = HearCharacters;
     handlers.entityDecl = DeclareEntity;
+    // The parser itself keeps the defaults. The library's list of declarations is walked to its end for each new one.
+    handlers.attributeDecl = [](void*, const xmlChar*, const xmlChar*, int, int, const xmlChar*,
+                                xmlEnumeration* values) { xmlFreeEnumeration(values); };
     handlers.externalSubset = [](void*, const xmlChar*, const xmlChar*, const xmlChar*) {};
     handlers.warning = nullptr;
     handlers.error = nullptr;
@@ -310,11 +335,14 @@ DocumentPtr Parse(Read read) {
     const std::unique_ptr<xmlParserCtxt, FreeParser> parser(xmlNewParserCtxt());
     if (parser == nullptr) return nullptr;
     SetHandlers(*parser);
+    std::int64_t defaulted = 0;
+    parser->_private = &defaulted;
     return DocumentPtr(read(parser.get()));
 }
 
 struct Source {
     CFile file;
+    const xmlParserCtxt* parser = nullptr;
     bool failed = false;
 };
 
@@ -323,6 +351,8 @@ DocumentPtr ParseFile(const std::u16string& path) {
     if (source.file.Open(path.c_str(), CFile::kModeRead, nullptr) == 0) return nullptr;
     const auto read = [](void* context, char* buffer, int size) noexcept {
         auto& from = *static_cast<Source*>(context);
+        from.failed = from.failed || MakesRoomForTooMany(*from.parser);
+        if (from.failed) return -1;
         try {
             return static_cast<int>(from.file.Read(buffer, static_cast<std::uint32_t>(size)));
         } catch (...) {
@@ -331,6 +361,7 @@ DocumentPtr ParseFile(const std::u16string& path) {
         }
     };
     DocumentPtr document = Parse([&](xmlParserCtxt* parser) {
+        source.parser = parser;
         return xmlCtxtReadIO(parser, read, nullptr, &source, nullptr, nullptr, kParserOptions);
     });
     return source.failed ? nullptr : std::move(document);

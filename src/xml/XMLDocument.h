@@ -27,8 +27,8 @@ class NodeHandle {
 ///
 /// A document that was read has no text of white space alone as far as a walk can see, wherever it stands; in one that
 /// is being built every text is there. Nothing outside a document is ever looked at: no network, no external entity, no
-/// external DTD. Nesting deeper than 256 and texts above 10 000 000 bytes are refused, as are entities that grow beyond
-/// measure.
+/// external DTD. Nesting deeper than 256, texts above 10 000 000 bytes and elements with more than 1000 attributes are
+/// refused, as are entities, and attributes by default, that grow beyond measure.
 class CXMLDocument {
  public:
     using Text = std::optional<std::u16string_view>;

@@ -176,6 +176,29 @@ TEST_F(XMLDocument, WhatIsTooLargeIsRefusedInPeace) {
         EXPECT_EQ(Load(names + "</r>"), kRefused) << what;
     }
 
+    const auto attributes = [](int count, const std::string& before, const std::string& behind) {
+        std::string list;
+        for (int i = 0; i < count; ++i)
+            list += before + std::to_string(i) + behind;
+        return list;
+    };
+    EXPECT_EQ(Load("<a" + attributes(1000, " b", "=''") + "/>"), "a{}");
+    const Case cases[] = {
+        {"one attribute too many", "<a" + attributes(1001, " b", "=''") + "/>", kRefused},
+        {"attributes that would take minutes", "<a" + attributes(300000, " b", "=''") + "/>", kRefused},
+        {"namespaces", "<a" + attributes(300000, " xmlns:b", "='u'") + "/>", kRefused},
+        {"attributes in an entity",
+         "<!DOCTYPE a [<!ENTITY e \"<b" + attributes(10000, " c", "=''") + "/>\">]><a>&e;</a>", kRefused},
+        {"attributes by default",
+         "<!DOCTYPE a [<!ATTLIST b" + attributes(800, " c", " CDATA ''") + ">]><a>" + attributes(2500, "<b>", "</b>") +
+             "</a>",
+         kRefused},
+        {"declarations of attributes", "<!DOCTYPE a [<!ATTLIST b" + attributes(100000, " c", " CDATA ''") + ">]><a/>",
+         "a{}"},
+    };
+    for (const Case& each : cases)
+        EXPECT_EQ(Load(each.bytes), each.dump) << each.name;
+
     const std::string text(9'000'000, 'x');
     EXPECT_EQ(Load("<a>" + text + "</a>"), "a{" + text + "}");
 
