@@ -59,7 +59,7 @@ run_target() {  # NAME
     if [[ $dictionary != - ]]; then options+=("-dict=fuzz/dictionaries/$dictionary.dict"); fi
     # Words and wildcards of the table are meant to be split and expanded.
     local file folder
-    for file in $pattern; do cp "$file" "$corpus/"; done
+    for file in $pattern; do cp "$file" "$corpus/${file//\//-}"; done
     local folders=("$corpus")
     for folder in "fuzz/seeds/$name" "fuzz/findings/$name"; do
         if [[ -d $folder ]]; then folders+=("$folder"); fi
