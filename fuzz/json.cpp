@@ -25,7 +25,7 @@ std::optional<std::string> Rewritten(const Scratch& file) {
         });
         writer.Finish();
         if (document.BrokenAt()) return std::nullopt;
-        Must(writer.Notes().replaced == 0, "what JSON told can be told in JSON");
+        Must(writer.Losses().empty(), "what JSON told can be told in JSON");
         return out.str();
     } catch (const CommandError&) {  // the one way in which a document may be refused
         return std::nullopt;
