@@ -1,6 +1,7 @@
 #include "frame/ParseString.h"
 
 #include "platform/CodePage.h"
+#include "platform/Text.h"
 
 CParseString& CParseString::operator=(std::u16string_view text) {
     std::u16string copy(text);  // the text may be a view of this very object

@@ -3,20 +3,6 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Text.h"
-
-namespace orvale {
-
-/// Takes the front of `rest` up to the first `delimiter` (not empty), which goes too; all of it where there is none.
-inline std::u16string_view TakeToken(std::u16string_view& rest, std::u16string_view delimiter) {
-    const std::size_t found = delimiter.size() == 1 ? FindUnit(rest, delimiter.front()) : rest.find(delimiter);
-    const std::u16string_view token = rest.substr(0, found);
-    rest.remove_prefix(found == std::u16string_view::npos ? rest.size() : found + delimiter.size());
-    return token;
-}
-
-}  // namespace orvale
-
 /// Cuts tokens off the front of a text. Empty tokens are tokens, the delimiter is a whole text and not a set of
 /// characters, and what remains can be looked at any time.
 class CParseString {

@@ -98,6 +98,14 @@ inline std::size_t FindUnit(std::u16string_view text, char16_t unit) {
     return place < text.size() ? place : std::u16string_view::npos;
 }
 
+/// Takes the front of `rest` up to the first `delimiter` (not empty), which goes too; all of it where there is none.
+inline std::u16string_view TakeToken(std::u16string_view& rest, std::u16string_view delimiter) {
+    const std::size_t found = delimiter.size() == 1 ? FindUnit(rest, delimiter.front()) : rest.find(delimiter);
+    const std::u16string_view token = rest.substr(0, found);
+    rest.remove_prefix(found == std::u16string_view::npos ? rest.size() : found + delimiter.size());
+    return token;
+}
+
 /// Whether every surrogate half of the text is part of a pair.
 bool IsWellFormed(std::u16string_view text);
 

@@ -3,59 +3,20 @@
 #include <algorithm>
 
 #include "frame/Operation.h"
-#include "frame/ParseString.h"
 #include "frame/RecordLog.h"
+#include "platform/LineReader.h"
 #include "platform/Text.h"
-#include "text/LineReader.h"
+#include "records/CSVLine.h"
 
 using orvale::Operation;
 using orvale::Require;
-using orvale::TakeToken;
 using orvale::Trim;
 
 namespace {
 
-constexpr std::size_t kLineBuffer = 2048;  // bytes; a line with its line end leaves one free for its terminator
-constexpr std::size_t kLongestCaption = 1024;
 constexpr std::u16string_view kComma = u",";
 constexpr std::u16string_view kLineEnd = u"\r\n";
 constexpr std::int32_t kLastName = 99;  // the types up to this one keep their blanks, and an empty value
-
-bool HasOddQuotes(std::u16string_view text) {
-    return std::count(text.begin(), text.end(), u'"') % 2 != 0;
-}
-
-// Takes the next value in its file form. A quoted one goes on over commas until its quotes pair up. If they never do,
-// it ends at its first comma after all, and the comma at the end of the line, if there is one, was part of what it
-// took. That happens at most once in a line: behind it all pieces have even quotes. A view of the line, or of `joined`.
-std::u16string_view TakeValue(std::u16string_view& rest, std::u16string& joined) {
-    const std::u16string_view first = Trim(TakeToken(rest, kComma));
-    if (first.empty() || first.front() != u'"' || !HasOddQuotes(first)) return first;
-    joined = first;
-    std::u16string_view ahead = rest;
-    bool open = true;
-    while (open && !ahead.empty()) {
-        const std::u16string_view piece = TakeToken(ahead, kComma);
-        joined.append(kComma).append(piece);
-        open = !HasOddQuotes(piece);
-    }
-    if (open) {
-        if (!rest.empty() && rest.back() == u',') rest.remove_suffix(1);
-        return first;
-    }
-    rest = ahead;
-    return joined;
-}
-
-// A view of the value, or of `undoubled`.
-std::u16string_view Unquote(std::u16string_view value, std::u16string& undoubled) {
-    if (value.empty() || value.front() != u'"' || value.back() != u'"') return value;
-    if (value.size() == 1) return kLineEnd;  // a quote that is both first and last leaves a line end
-    value = value.substr(1, value.size() - 2);
-    if (orvale::FindUnit(value, u'"') == std::u16string_view::npos) return value;
-    undoubled = orvale::Replace(value, u"\"\"", u"\"");
-    return undoubled;
-}
 
 void AppendQuoted(std::u16string& line, std::u16string_view value) {
     value = value.substr(0, orvale::FindUnit(value, u'\0'));  // a zero ends a text: it must not end the line
@@ -102,8 +63,8 @@ std::int32_t CCSVFile::Verify() {
 std::int32_t CCSVFile::ReadString(std::u16string* text) try {
     if (text == nullptr || !IsOpened()) return 0;
     std::string_view line;
-    if (orvale::ReadLine(*this, kLineBuffer, lineBytes_, line) != orvale::LineResult::kLine) return 0;
-    if (line.size() == kLineBuffer) return 0;
+    if (orvale::ReadLine(*this, orvale::kCSVLineBuffer, lineBytes_, line) != orvale::LineResult::kLine) return 0;
+    if (line.size() == orvale::kCSVLineBuffer) return 0;
     Converter().AssignWide(line, *text);
     return 1;
 } catch (const std::exception&) {
@@ -122,8 +83,8 @@ std::int32_t CCSVFile::ReadFileHeader() {
         std::u16string_view rest = Trim(line);
         operation.Tell(rest);
         while (!rest.empty()) {
-            const std::u16string_view caption = Trim(TakeToken(rest, kComma));
-            Require(caption.size() <= kLongestCaption, "the caption is too long");
+            const std::u16string_view caption = orvale::TakeCSVCaption(rest);
+            Require(caption.size() <= orvale::kLongestCSVCaption, "the caption is too long");
             columns_.push_back({std::u16string(caption), profile_.TypeOf(caption)});
         }
         Require(!columns_.empty(), "no captions");
@@ -149,7 +110,7 @@ void CCSVFile::ParseLine(std::u16string_view line) {
     std::u16string undoubled;
     for (const FileColumn& column : columns_) {
         if (line.empty()) return;
-        std::u16string_view value = Unquote(TakeValue(line, joined), undoubled);
+        std::u16string_view value = orvale::UnquoteCSV(orvale::TakeCSVValue(line, joined), undoubled);
         if (column.type == -1) continue;
         if (column.type > kLastName) {
             value = Trim(value);

@@ -1,17 +1,12 @@
 #include "text/SSYFile.h"
 
-#include <iterator>
-
 #include "frame/Operation.h"
-#include "frame/ParseString.h"
 #include "frame/RecordLog.h"
 #include "platform/HashMap.h"
-#include "platform/Text.h"
+#include "records/SSYRecord.h"
 
 using orvale::Operation;
-using orvale::Replace;
 using orvale::Require;
-using orvale::TakeToken;
 
 namespace {
 
@@ -21,46 +16,6 @@ constexpr std::size_t kDateOffset = 40;
 constexpr std::size_t kDateWidth = 10;
 constexpr std::size_t kSizeOffset = 50;
 constexpr std::size_t kLongestRecord = 2048;  // bytes, with the zero
-
-// What the numbers of a record's pairs mean; the items around the pairs have no number in the file.
-constexpr std::int32_t kTypes[] = {
-    CF_TEL_WORK_VOICE,    // 0
-    CF_TEL_WORK_FAX,      // 1
-    CF_TEL_WORK_VOICE_2,  // 2
-    CF_TEL_CALLBACK,      // 3
-    CF_TEL_CAR,           // 4
-    CF_TEL_COMPANY,       // 5
-    CF_TEL_HOME_VOICE,    // 6
-    CF_TEL_HOME,          // 7
-    CF_TEL_ISDN,          // 8
-    CF_TEL_CELL_VOICE,    // 9
-    CF_TEL_VOICE,         // 10
-    CF_TEL_FAX,           // 11
-    CF_TEL_PAGER_VOICE,   // 12
-    CF_TEL_ASSISTANT,     // 13
-    CF_TEL_PREF,          // 14
-    CF_TEL_HOME_FAX,      // 15
-    CF_TEL_RADIO,         // 16
-    -1,                   // 17
-    -1,                   // 18
-    -1,                   // 19
-    CF_GIVEN_NAME,        // 20
-    CF_FAMILY_NAME,       // 21
-    CF_MIDDLE_NAME,       // 22
-    CF_NAME_4,            // 23
-    CF_FULL_NAME,         // 24
-    CF_EMAIL_PREF,        // 25
-    CF_URL_1,             // 26
-};
-
-std::int32_t TypeOf(std::int32_t number) {
-    return number >= 0 && number < static_cast<std::int32_t>(std::size(kTypes)) ? kTypes[number] : -1;
-}
-
-// An item outside the pairs, ended by a comma or with the text.
-std::u16string TakeItem(std::u16string_view& rest) {
-    return Replace(Replace(TakeToken(rest, u","), u"&44", u","), u"&45", u":");
-}
 
 }  // namespace
 
@@ -157,21 +112,9 @@ std::int32_t CSSYFile::Read(void** record) {
 // The fields stand in the order of the map, with the last value of each type.
 void CSSYFile::ParseRecord(std::u16string_view text) {
     orvale::HashMap<std::u16string> values;
-    const auto set = [&](std::int32_t type, std::u16string value) {
-        if (!value.empty()) values.Set(type, std::move(value));
-    };
-    set(CF_GIVEN_NAME, TakeItem(text));
-    set(CF_FAMILY_NAME, TakeItem(text));
-    TakeItem(text);
-    TakeItem(text);
-    set(CF_NAME_4, TakeItem(text));
-    std::u16string_view pairs = TakeToken(text, u":");
-    while (!pairs.empty()) {
-        const std::int32_t type = TypeOf(orvale::ToNumber(TakeToken(pairs, u",")));
-        set(type, std::u16string(TakeToken(pairs, u",")));
-    }
-    set(CF_EMAIL_PREF, TakeItem(text));
-    set(CF_URL_1, TakeItem(text));
+    orvale::CutSSYRecord(
+        text, [&](std::int32_t type, std::u16string value) { values.Set(type, std::move(value)); },
+        [](const std::u16string&) {});
 
     CContactField field;
     for (const auto& entry : values) {

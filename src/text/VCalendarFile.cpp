@@ -1,7 +1,6 @@
 #include "text/VCalendarFile.h"
 
 #include "frame/Operation.h"
-#include "frame/ParseString.h"
 #include "platform/Format.h"
 #include "platform/Text.h"
 #include "records/VCalendarKeys.h"

@@ -5,13 +5,12 @@
 #include <iterator>
 
 #include "frame/Operation.h"
-#include "frame/ParseString.h"
 #include "frame/RecordLog.h"
 #include "platform/Format.h"
+#include "platform/LineReader.h"
 #include "platform/Text.h"
 #include "records/QuotedPrintable.h"
 #include "records/VCardKeys.h"
-#include "text/LineReader.h"
 
 using orvale::AddProperty;
 using orvale::EqualsNoCase;

@@ -1,4 +1,4 @@
-#include "text/LineReader.h"
+#include "platform/LineReader.h"
 
 #include <algorithm>
 #include <string_view>
