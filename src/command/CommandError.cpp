@@ -43,7 +43,7 @@ std::string Quote(std::string_view text) {
     constexpr std::size_t kMost = 40;
     std::u16string units = FromUtf8(text);
     if (units.size() > kMost) units = units.substr(0, kMost - 1) + u"…";
-    return Visible(units);
+    return Visible(units, true);
 }
 
 }  // namespace orvale

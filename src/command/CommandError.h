@@ -41,7 +41,8 @@ std::string SystemReason(const std::error_code& error);
 /// A line on standard error that doesn't end the work.
 void TellUser(std::string_view line);
 
-/// What a file says, fit for an error line: at most 40 characters of it, its control characters made visible.
+/// What a file says, fit for an error line: at most 40 characters of it, those that a terminal doesn't show
+/// made visible.
 std::string Quote(std::string_view text);
 
 }  // namespace orvale

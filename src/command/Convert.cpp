@@ -16,7 +16,6 @@
 #include "command/json/ProfileJson.h"
 #include "host/LossReport.h"
 #include "platform/Clock.h"
-#include "platform/CodePage.h"
 #include "platform/Text.h"
 #include "records/DriverName.h"
 
@@ -69,25 +68,8 @@ void CopyToStandardOutput(const std::string& path) {
 
 // What the reader of an input could not make out, up to where the input is whole.
 void AddScan(LossReport& report, const InputName& input, std::optional<std::uint64_t> brokenAt) {
-    if (input.format->profile == ProfileShape::kColumns) {
-        const std::vector<std::u16string> unknown =
-            UnknownCaptions(input.path, input.columns ? input.columns : BuiltInColumnsFor(input.path));
-        for (const std::u16string& caption : unknown)
-            report.AddLoss("column '" + Quote(ToUtf8(caption)) + "', which nobody knows; --profile can tell what it is",
-                           1, input.name);
-    }
-    if (!input.format->type) return;
-    const TextScan scan = ScanText(*input.format->type, input.path, brokenAt.value_or(UINT64_MAX));
-    const auto add = [&](const std::string& what, const TextScan::Finding& finding) {
-        if (finding.count == 0) return;
-        report.AddLoss(what, finding.count, input.name + ", " + scan.unit + " " + std::to_string(finding.firstLine));
-    };
-    add("lines with an unknown key, which joined the value before them", scan.joinedLines);
-    add("lines that belong to no value, which were dropped", scan.droppedLines);
-    add("lines outside of cards of version 2.1", scan.skippedLines);
-    add("entries behind the first, which became one with it", scan.furtherEntries);
-    add("ends of values behind a zero byte", scan.cutValues);
-    add("bytes that code page " + std::to_string(ThreadCodePage().number) + " doesn't have", scan.badBytes);
+    for (const Note& note : ScanText(input, brokenAt.value_or(UINT64_MAX)))
+        report.AddLoss(note.what, note.count, input.name + ", " + note.firstPlace);
 }
 
 // A reader of text puts the moment of reading in place of a date that it can't read, and marks the entry: the second

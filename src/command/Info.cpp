@@ -5,6 +5,7 @@
 #include "command/Kinds.h"
 #include "command/Progress.h"
 #include "command/RecordInput.h"
+#include "command/TextScan.h"
 #include "command/json/FormatsJson.h"
 #include "command/show/Screen.h"
 #include "platform/Text.h"
@@ -72,6 +73,7 @@ ExitCode TellInfo(const LoadedLibrary& library, const std::vector<std::string>& 
                 const bool good = info.header && info.verifyCode == VERIFY_OK && !info.truncated;
                 if (LacksItsRecord(input)) TellUser(ErrorLine(info.file, "", "holds no record of its format"));
                 if (!good || LacksItsRecord(input)) code = ExitCode::kFailed;
+                TellColumnLosses(name);
                 if (!json) Print(info);
                 infos.push_back(info);
             }

@@ -1,14 +1,13 @@
 #include "command/Profiles.h"
 
 #include <algorithm>
-#include <fstream>
 #include <map>
 #include <set>
 
+#include "command/ColumnScan.h"
 #include "command/CommandError.h"
 #include "command/Progress.h"
 #include "command/json/ProfileJson.h"
-#include "platform/CodePage.h"
 #include "platform/Format.h"
 #include "platform/Text.h"
 
@@ -31,23 +30,6 @@ std::optional<std::int32_t> TypeOfNumberedCaption(std::u16string_view caption) {
     return EqualsNoCase(CaptionOf(type), caption) || EqualsNoCase(Format(u"Type %d", type), caption)
                ? std::optional(type)
                : std::nullopt;
-}
-
-std::vector<std::u16string> CaptionsIn(const std::string& file) {
-    constexpr std::size_t kLongestLine = 2048;
-    std::string line(kLongestLine, '\0');
-    std::ifstream in(file, std::ios::binary);
-    in.read(line.data(), static_cast<std::streamsize>(line.size()));
-    line.resize(static_cast<std::size_t>(in.gcount()));
-    line = line.substr(0, line.find("\r\n"));
-    std::vector<std::u16string> captions;
-    const std::u16string text = ToWide(line);
-    for (std::u16string_view rest = text; !rest.empty();) {
-        const std::size_t comma = std::min(rest.find(u','), rest.size());
-        captions.emplace_back(Trim(rest.substr(0, comma)));
-        rest.remove_prefix(std::min(comma + 1, rest.size()));
-    }
-    return captions;
 }
 
 void AddColumn(CCSVProfile& profile, std::int32_t type) {
@@ -150,11 +132,12 @@ SharedProfile CopyOfProfile(CFileInterface& file, ProfileShape shape) {
     return nullptr;
 }
 
-SharedProfile BuiltInColumnsFor(const std::string& file) {
+SharedProfile ColumnsOf(const InputName& input) {
+    if (input.columns) return input.columns;
     CCSVProfile profile;
     for (const ContactFieldType& type : kContactFieldTypes)
         AddColumn(profile, type.id);
-    for (const std::u16string& caption : CaptionsIn(file)) {
+    for (const std::u16string& caption : CaptionsOf(input.path)) {
         const auto known = [&](const std::u16string& other) { return EqualsNoCase(other, caption); };
         if (caption.empty() || std::any_of(profile.captions.begin(), profile.captions.end(), known)) continue;
         const std::optional<std::int32_t> type = TypeOfNumberedCaption(caption);
@@ -163,16 +146,6 @@ SharedProfile BuiltInColumnsFor(const std::string& file) {
         profile.captions.push_back(caption);
     }
     return std::make_shared<const Profile>(std::move(profile));
-}
-
-std::vector<std::u16string> UnknownCaptions(const std::string& file, const SharedProfile& columns) {
-    const auto& profile = std::get<CCSVProfile>(*columns);
-    std::vector<std::u16string> unknown;
-    for (const std::u16string& caption : CaptionsIn(file)) {
-        const auto same = [&](const std::u16string& other) { return EqualsNoCase(other, caption); };
-        if (std::none_of(profile.captions.begin(), profile.captions.end(), same)) unknown.push_back(caption);
-    }
-    return unknown;
 }
 
 GivenProfiles ReadGivenProfiles(const std::vector<std::string>& files, Kind kind, bool inputTakesColumns,

@@ -13,12 +13,9 @@ namespace orvale {
 /// file has it.
 SharedProfile CopyOfProfile(CFileInterface& file, ProfileShape shape);
 
-/// The columns by which a CSV file is read that no profile was given for: a plain English caption for every type id of
-/// the table, and "Type N" for each of those in the file.
-SharedProfile BuiltInColumnsFor(const std::string& file);
-
-/// The captions of a CSV file that the columns don't know.
-std::vector<std::u16string> UnknownCaptions(const std::string& file, const SharedProfile& columns);
+/// The columns by which an input of columns is read: those that the user gave for it, else built-in ones, a plain
+/// English caption for every type id of the table, and "Type N" for each of those in the file.
+SharedProfile ColumnsOf(const InputName& input);
 
 /// The profiles that the user gave, each on the side of the work that takes its shape.
 struct GivenProfiles {

@@ -47,7 +47,7 @@ RecordInput::RecordInput(const LoadedLibrary& library, const InputName& input) :
         file_.emplace(library, *input.format->type);
         file_->Open(input.path, OpenMode::kRead);
         if (input.format->profile == ProfileShape::kColumns) {
-            profile_ = input.columns ? input.columns : BuiltInColumnsFor(input.path);
+            profile_ = ColumnsOf(input);
             file_->Slots().SetProfile(AddressOf(profile_));
             profile_.reset();  // the captions of a file aren't a profile that it carries
         }

@@ -7,6 +7,7 @@
 #include "command/Kinds.h"
 #include "command/Profiles.h"
 #include "command/Progress.h"
+#include "command/TextScan.h"
 #include "command/json/JsonDocument.h"
 #include "command/json/ProfileJson.h"
 #include "command/show/RecordPrinter.h"
@@ -71,13 +72,6 @@ void ShowProfile(const ShowOrder& order, const SharedProfile& profile) {
         screen.Row(fact.what, fact.value);
 }
 
-void TellUnknownCaptions(const InputName& name) {
-    for (const std::u16string& caption :
-         UnknownCaptions(name.path, name.columns ? name.columns : BuiltInColumnsFor(name.path)))
-        TellUser(ErrorLine(name.name, "column '" + Quote(ToUtf8(caption)) + "'",
-                           "nobody knows it; --profile can tell what it is"));
-}
-
 }  // namespace
 
 ExitCode Show(const LoadedLibrary& library, ShowOrder order) {
@@ -90,7 +84,7 @@ ExitCode Show(const LoadedLibrary& library, ShowOrder order) {
         ReadGivenProfiles(order.profiles, info.kind, takesColumns, order.json ? &FormatOfName("json") : nullptr);
     for (InputName& name : names)
         name.columns = given.input;
-    if (takesColumns) TellUnknownCaptions(names.front());
+    TellColumnLosses(names.front());
     JoinedInputs input(library, names);
     std::vector<std::string> damages;
     input.onDamage = [&](const std::string& file, const std::string& place) {

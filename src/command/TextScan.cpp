@@ -1,13 +1,21 @@
 #include "command/TextScan.h"
 
-#include <algorithm>
 #include <fstream>
+#include <map>
 #include <string>
+#include <variant>
 
+#include "command/ColumnScan.h"
+#include "command/CommandError.h"
+#include "command/Finding.h"
+#include "command/Profiles.h"
+#include "host/LossReport.h"
 #include "platform/CodePage.h"
 #include "platform/File.h"
+#include "platform/LineReader.h"
 #include "platform/Text.h"
 #include "records/QuotedPrintable.h"
+#include "records/SSYRecord.h"
 #include "records/VCalendarKeys.h"
 #include "records/VCardKeys.h"
 
@@ -16,26 +24,39 @@ namespace {
 
 constexpr std::size_t kLongestLine = 2048;  // the reader doesn't get past a longer one
 
-// A line up to CR LF or the end of the file. False at the end, and for a line over the limit.
-bool TakeRawLine(CFile& in, std::string& line) {
-    line.clear();
-    while (!in.AtEnd()) {
-        const std::string_view ahead = in.Ahead();
-        const std::size_t size = std::min(ahead.find('\n'), ahead.size() - 1) + 1;
-        const std::size_t taken = std::min(size, kLongestLine - line.size());
-        line.append(ahead.substr(0, taken));
-        in.Skip(taken);
-        if (line.ends_with("\r\n")) return true;
-        if (line.size() == kLongestLine) return in.AtEnd();
+struct TextScan {
+    Finding joinedLines;        // lines of cards whose key no row of the table holds: they join the value before them
+    Finding droppedLines;       // the same before a card's first value, and lines that continue an ignored one: dropped
+    Finding skippedLines;       // lines outside of cards, and of cards of another version: passed over
+    Finding cutValues;          // values that a zero byte cuts off
+    Finding furtherEntries;     // entries of a vCalendar behind its first: they all make one
+    Finding badBytes;           // bytes that are no character of the code page, also those that quoted-printable tells
+    Finding droppedItems;       // items of a record that no field takes
+    Finding replacedValues;     // values in whose place a later one of their type came
+    const char* unit = "line";  // what the first place of a finding counts
+
+    std::vector<Note> Notes() const {
+        std::vector<Note> notes;
+        const auto add = [&](std::string what, const Finding& finding) {
+            AddNote(notes, std::move(what), finding, unit);
+        };
+        add("lines with an unknown key, which joined the value before them", joinedLines);
+        add("lines that belong to no value, which were dropped", droppedLines);
+        add("lines outside of cards of version 2.1", skippedLines);
+        add("entries behind the first, which became one with it", furtherEntries);
+        add("ends of values behind a zero byte", cutValues);
+        add("items that no field takes", droppedItems);
+        add("values replaced by a later one of their type", replacedValues);
+        add("bytes that code page " + std::to_string(ThreadCodePage().number) + " doesn't have", badBytes);
+        return notes;
     }
-    return !line.empty();
-}
+};
 
 class Scanner {
  public:
     TextScan scan;
 
-    void Line(const std::string& raw, std::size_t number) {
+    void Line(std::string_view raw, std::size_t number) {
         const std::size_t zero = raw.find('\0');
         const std::size_t replaced = converter_.Replaced();
         converter_.AssignWide(raw, wide_);
@@ -59,7 +80,7 @@ class Scanner {
                 break;
         }
         scan.badBytes.Add(number, bad);
-        scan.cutValues.Add(number, zero != std::string::npos && zero + 2 < raw.size() ? 1 : 0);
+        scan.cutValues.Add(number, zero != std::string_view::npos && zero + 2 < raw.size() ? 1 : 0);
         if (EqualsNoCase(line, u"END:VCARD")) {
             EndLogicalLine();
             place_ = Place::kOutside;
@@ -121,9 +142,11 @@ TextScan ScanVCard(const std::filesystem::path& path, std::uint64_t end) {
     Scanner scanner;
     CFile in;
     if (in.Open(FromUtf8(path.native()).c_str(), CFile::kModeRead, nullptr) == 0) return scanner.scan;
-    std::string raw;
+    std::string store;
+    std::string_view raw;
     std::uint64_t offset = 0;
-    for (std::size_t number = 1; offset < end && TakeRawLine(in, raw); ++number) {
+    for (std::size_t number = 1; offset < end && ReadLine(in, kLongestLine, store, raw) == LineResult::kLine;
+         ++number) {
         offset += raw.size();
         scanner.Line(raw, number);
     }
@@ -163,29 +186,6 @@ TextScan ScanVCalendar(const std::filesystem::path& path, std::uint64_t) {
     return scan;
 }
 
-// Bytes outside of the code page, up to the zero that ends a text.
-void AddBytes(TextScan& scan, TextConverter& converter, std::string_view text, std::size_t number) {
-    const std::size_t replaced = converter.Replaced();
-    converter.ToWide(text);
-    scan.badBytes.Add(number, converter.Replaced() - replaced);
-}
-
-TextScan ScanCsv(const std::filesystem::path& path, std::uint64_t end) {
-    TextScan scan;
-    CFile in;
-    if (in.Open(FromUtf8(path.native()).c_str(), CFile::kModeRead, nullptr) == 0) return scan;
-    TextConverter converter;
-    std::string raw;
-    std::uint64_t offset = 0;
-    for (std::size_t number = 1; offset < end && TakeRawLine(in, raw); ++number) {
-        offset += raw.size();
-        AddBytes(scan, converter, raw, number);
-        const std::size_t zero = raw.find('\0');
-        scan.cutValues.Add(number, zero != std::string::npos && zero + 2 < raw.size() ? 1 : 0);
-    }
-    return scan;
-}
-
 TextScan ScanSsy(const std::filesystem::path& path, std::uint64_t end) {
     constexpr std::size_t kHeaderSize = 54;
     TextScan scan;
@@ -197,7 +197,18 @@ TextScan ScanSsy(const std::filesystem::path& path, std::uint64_t end) {
     std::uint64_t offset = kHeaderSize;
     for (std::size_t number = 1; offset < end && std::getline(in, raw, '\0'); ++number) {
         offset += raw.size() + 1;
-        AddBytes(scan, converter, raw, number);
+        const std::size_t replaced = converter.Replaced();
+        const std::u16string record = converter.ToWide(raw);
+        scan.badBytes.Add(number, converter.Replaced() - replaced);
+        std::map<std::int32_t, std::u16string> values;
+        CutSSYRecord(
+            record,
+            [&](std::int32_t type, std::u16string value) {
+                std::u16string& last = values[type];
+                scan.replacedValues.Add(number, !last.empty() && last != value ? 1 : 0);
+                last = std::move(value);
+            },
+            [&](const std::u16string&) { scan.droppedItems.Add(number); });
     }
     return scan;
 }
@@ -208,17 +219,27 @@ constexpr struct {
     TextScan (*scan)(const std::filesystem::path& path, std::uint64_t end);
 } kScans[] = {
     {FileFormat::kSsy, &ScanSsy},
-    {FileFormat::kCsv, &ScanCsv},
     {FileFormat::kVCard, &ScanVCard},
     {FileFormat::kVCalendar, &ScanVCalendar},
 };
 
 }  // namespace
 
-TextScan ScanText(FileFormat format, const std::filesystem::path& path, std::uint64_t end) {
+std::vector<Note> ScanText(const InputName& input, std::uint64_t end) {
+    if (input.format->profile == ProfileShape::kColumns)
+        return ScanColumns(input.path, std::get<CCSVProfile>(*ColumnsOf(input)), end);
     for (const auto& row : kScans)
-        if (row.format == format) return row.scan(path, end);
+        if (row.format == input.format->type) return row.scan(input.path, end).Notes();
     return {};
+}
+
+void TellColumnLosses(const InputName& input) {
+    if (input.format->profile != ProfileShape::kColumns) return;
+    LossReport report("");
+    for (const Note& note : ScanText(input, UINT64_MAX))
+        report.AddLoss(note.what, note.count, note.firstPlace);
+    for (const std::string& line : report.Lines())
+        TellUser(ErrorLine(input.name, "", line));
 }
 
 }  // namespace orvale

@@ -58,8 +58,10 @@ constexpr VerbRow kVerbs[] = {
      1,
      "print the records of a file",
      "FILE may be -, standard input, whose format --format names. The listing is for a person; the document that "
-     "--json prints is for scripts, and convert takes it back. Of a "
-     "damaged file what came whole is printed, then the place of the damage is told and the result is 1.",
+     "--json prints is for scripts, and convert takes it back. Of a damaged file what came whole is printed, then the "
+     "place of the damage is told and the result is 1. The columns of a CSV file are known by the English captions "
+     "that orvale(5) lists, and by \"Type N\"; --profile names others, as {\"columns\": [{\"caption\": \"Handy\", "
+     "\"type\": 104}]}.",
      kShowExamples},
     {Verb::kDiff,
      "diff",
@@ -77,10 +79,9 @@ constexpr VerbRow kVerbs[] = {
      kAnyNumber,
      "write the records of files into a file of another format",
      "Several inputs of one kind are joined in their order. - is standard input or standard output, whose format "
-     "--from "
-     "or --to names. OUTPUT is written beside its place and read back; what did "
+     "--from or --to names. OUTPUT is written beside its place and read back; what did "
      "not survive and what was added is told, and only then does it take its place. Where a file of the format holds "
-     "one record, more of them make OUTPUT a new folder.",
+     "one record, more of them make OUTPUT a new folder. 'orvale help show' tells how a CSV file gets a profile.",
      kConvertExamples},
     {Verb::kLog,
      "log",

@@ -366,7 +366,7 @@ TEST_F(SuitesTest, CsvByBuiltInCaptionsAndByAProfile) {
     folder.Put("columns.json", R"({"columns": [{"caption": "Name", "type": 5}, {"caption": "Handy", "type": 104}]})");
     EXPECT_THAT(Run("convert --profile columns.json in.json b.csv").errors, HasSubstr("lost: note: 1"));
     EXPECT_THAT(folder.Get("b.csv"), testing::StartsWith("Name,Handy,Handy,\r\n"));
-    EXPECT_THAT(Run("show b.csv").errors, HasSubstr("b.csv: column 'Name': nobody knows it"));
+    EXPECT_THAT(Run("show b.csv").errors, HasSubstr("b.csv: lost: values of column 'Name', which nobody knows"));
     EXPECT_THAT(Run("show --profile columns.json b.csv").output, HasSubstr("  mobile phone            1\n"));
     EXPECT_EQ(Run("convert --profile columns.json in.json c.qzs").errors,
               "orvale: columns.json: passed over, for neither side of the work takes such a profile\n");

@@ -31,20 +31,24 @@ bool SteersTerminal(char32_t c) {
            (c >= 0x2028 && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
 }
 
+bool IsInvisible(char32_t c) {
+    return c == 0x00AD || (c >= 0x200B && c <= 0x200D) || (c >= 0x2060 && c <= 0x2064) || c == 0xFEFF;
+}
+
 bool UseColor(ColorMode mode) {
     if (mode != ColorMode::kAuto) return mode == ColorMode::kAlways;
     const char* const noColor = std::getenv("NO_COLOR");
     return IsTerminal(StandardStream::kOutput) && (noColor == nullptr || *noColor == '\0');
 }
 
-std::string Visible(std::u16string_view text) {
+std::string Visible(std::u16string_view text, bool all) {
     std::u16string out;
     while (!text.empty()) {
         const std::u16string_view before = text;
         const char32_t c = TakeCharacter(text);
         if (c == U'\t')
             out.push_back(u' ');
-        else if (!SteersTerminal(c))
+        else if (!SteersTerminal(c) && !(all && IsInvisible(c)))
             out.append(before.substr(0, before.size() - text.size()));
         else if (c < 0x20)
             out.append({u'^', static_cast<char16_t>(c + 0x40)});

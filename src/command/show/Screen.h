@@ -16,8 +16,12 @@ bool UseColor(ColorMode mode);
 /// mark that turns the writing direction around.
 bool SteersTerminal(char32_t character);
 
+/// Whether a character takes no room on a terminal: joiners, a soft hyphen, a byte order mark.
+bool IsInvisible(char32_t character);
+
 /// Text as UTF-8 with what could steer a terminal made visible, as "^[" or "<U+202E>". A tab is a blank.
-std::string Visible(std::u16string_view text);
+/// `all` does so with whatever is invisible: it joins the characters of names, but hides where a text is quoted.
+std::string Visible(std::u16string_view text, bool all = false);
 
 /// Where a listing goes: the styles of its parts, and lines that align.
 class Screen {
