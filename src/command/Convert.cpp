@@ -102,26 +102,6 @@ void Compare(LossReport& report, const Record& before, const Record& after, std:
     report.Compare(facts, FactsOf(after), number);
 }
 
-template <class Record>
-void CompareWithInputs(LossReport& report, JoinedInputs& inputs, JoinedInputs& written, const std::string& shownName,
-                       bool throughUtf8, std::size_t total) {
-    Progress progress("checking", shownName);
-    std::u16string flatBefore;
-    std::u16string flatAfter;
-    std::size_t number = 0;
-    while (const Record* before = inputs.Next<Record>()) {
-        progress.Tick(++number, total);
-        const Record* const after = written.Next<Record>();
-        if (after == nullptr)
-            FailFile(shownName, "record " + std::to_string(number), "was written and can't be read back");
-        Flatten(*before, flatBefore);
-        Flatten(*after, flatAfter);
-        if (flatBefore != flatAfter) Compare(report, *before, *after, number, throughUtf8);
-    }
-    if (written.Next<Record>() != nullptr)
-        FailFile(shownName, "", "a value holds what begins a record of this format: more came back than was written");
-}
-
 // All that a conversion works with.
 struct Conversion {
     const LoadedLibrary& library;
@@ -137,6 +117,35 @@ struct Conversion {
     std::string profileOf;  // the name of that input
     bool replaces;          // what stands at the output's place
 };
+
+// A writer doesn't look at the limits of its format's reader.
+[[noreturn]] void FailReadingBack(const Conversion& work, const std::vector<InputName>& files, std::size_t number) {
+    for (const InputName& file : files)
+        RequireReadable(RecordInput(work.library, file));
+    std::string reason = "was written and can't be read back";
+    if (!work.to.limit.empty()) reason += "; the format takes " + std::string(work.to.limit);
+    FailFile(work.outputName, "record " + std::to_string(number), reason);
+}
+
+template <class Record>
+void CompareWithInputs(LossReport& report, JoinedInputs& inputs, JoinedInputs& written, const Conversion& work,
+                       const std::vector<InputName>& files, std::size_t total) {
+    Progress progress("checking", work.outputName);
+    std::u16string flatBefore;
+    std::u16string flatAfter;
+    std::size_t number = 0;
+    while (const Record* before = inputs.Next<Record>()) {
+        progress.Tick(++number, total);
+        const Record* const after = written.Next<Record>();
+        if (after == nullptr) FailReadingBack(work, files, number);
+        Flatten(*before, flatBefore);
+        Flatten(*after, flatAfter);
+        if (flatBefore != flatAfter) Compare(report, *before, *after, number, !work.to.type);
+    }
+    if (written.Next<Record>() != nullptr)
+        FailFile(work.outputName, "",
+                 "a value holds what begins a record of this format: more came back than was written");
+}
 
 // What a profile says once it is in a file object, which adds an ending to the driver's name: that is no loss.
 std::vector<Fact> FactsOfKept(const SharedProfile& profile) {
@@ -161,7 +170,7 @@ void Verify(LossReport& report, const Conversion& work, const RecordOutput& outp
     written.onDamage = [&](const std::string&, const std::string& place) {
         report.AddLoss("pieces of a value that ends its record", 1, place);
     };
-    CompareWithInputs<Record>(report, again, written, work.outputName, !work.to.type, total);
+    CompareWithInputs<Record>(report, again, written, work, files, total);
     if (work.ownProfile && work.to.profile != ProfileShape::kColumns)
         report.Compare(FactsOfKept(work.profile), FactsOf(written.FirstProfile(), true), std::string("the profile"));
 }

@@ -22,8 +22,8 @@ const std::vector<FormatRow>& Table() {
     static const std::vector<FormatRow> table = [] {
         std::vector<FormatRow> rows;
         for (const FormatInfo& info : AllFormats())
-            rows.push_back(
-                {info.name, info.kind, info.extension, info.format, info.writes, info.endRule, info.profile});
+            rows.push_back({info.name, info.kind, info.extension, info.format, info.writes, info.endRule, info.profile,
+                            nullptr, info.limit});
         rows.insert(rows.end(), std::begin(kOwnFormats), std::end(kOwnFormats));
         return rows;
     }();

@@ -40,6 +40,7 @@ struct FormatRow {
     EndRule endRule;
     ProfileShape profile;            ///< what it takes; a file of columns is read by one as well
     const OwnFormat* own = nullptr;  ///< null for one of the module's
+    std::string_view limit = {};     ///< what its reader takes at most and its writer doesn't look at; may be empty
 
     bool Reads() const { return own == nullptr || own->open != nullptr; }
 

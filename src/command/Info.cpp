@@ -73,7 +73,10 @@ ExitCode TellInfo(const LoadedLibrary& library, const std::vector<std::string>& 
                 const bool good = info.header && info.verifyCode == VERIFY_OK && !info.truncated;
                 if (LacksItsRecord(input)) TellUser(ErrorLine(info.file, "", "holds no record of its format"));
                 if (!good || LacksItsRecord(input)) code = ExitCode::kFailed;
-                TellColumnLosses(name);
+                if (info.header)
+                    TellColumnLosses(name);
+                else
+                    TellUser(ErrorLine(info.file, "", HeaderReason(input)));
                 if (!json) Print(info);
                 infos.push_back(info);
             }

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "command/ColumnScan.h"
 #include "command/CommandError.h"
 #include "command/Profiles.h"
 
@@ -199,11 +200,19 @@ std::string PassedOverText(std::size_t count) {
                                                : " records could not be read and were passed over");
 }
 
+std::string HeaderReason(const RecordInput& input) {
+    std::string reason = "its header can't be read";
+    if (input.Verify() != VERIFY_OK) reason += " (" + VerifyName(input.Verify()) + ")";
+    const bool hasColumns = input.Name().format->profile == ProfileShape::kColumns;
+    const std::string why = hasColumns ? WhyNoCaptions(input.Name().path) : "";
+    return why.empty() ? reason : reason + ": " + why;
+}
+
 void RequireReadable(const RecordInput& input) {
     const std::string& name = input.Name().name;
-    const std::string code = VerifyName(input.Verify());
-    if (!input.HeaderRead()) FailFile(name, "", "its header can't be read (" + code + ")");
+    if (!input.HeaderRead()) FailFile(name, "", HeaderReason(input));
     if (input.Verify() == VERIFY_OK) return;
+    const std::string code = VerifyName(input.Verify());
     const std::string reason =
         "no whole file of the format " + std::string(input.Name().format->name) + " (" + code + ")";
     if (!input.Name().formatNamed) FailFile(name, "", reason);

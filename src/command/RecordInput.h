@@ -147,8 +147,11 @@ std::string PlaceOfDamage(const RecordInput& input, std::uint64_t offset);
 /// "2 records could not be read and were passed over".
 std::string PassedOverText(std::size_t count);
 
-/// Ends the work with the code where the header couldn't be read, or the verify code is a bad one and the format wasn't
-/// named; a bad code of a named format is told.
+/// Why a header that couldn't be read could not be, as far as its format and the verify code tell.
+std::string HeaderReason(const RecordInput& input);
+
+/// Ends the work with the reason where the header couldn't be read, or the verify code is a bad one and the format
+/// wasn't named; a bad code of a named format is told.
 void RequireReadable(const RecordInput& input);
 
 }  // namespace orvale

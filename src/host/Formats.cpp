@@ -131,15 +131,21 @@ constexpr char kEmailId[] = "suite-email";
 using End = EndRule;
 using Shape = ProfileShape;
 
+constexpr std::string_view kTexts = "texts of at most 1023 units without a zero among them";
+constexpr std::string_view kMessageTexts = "texts of at most 2047 units without a zero among them";
+constexpr std::string_view kLines = "lines of at most 2047 bytes";
+constexpr std::string_view kCardLines = "lines of at most 2048 bytes";
+
 // All that hosts and the command know of the formats: a new one is a row here.
 constexpr FormatInfo kFormats[] = {
-    {FileFormat::kQzs, "qzs", Kind::kContacts, ".qzs", true, End::kBytesLeft, Shape::kNone, &HasFlag<kQzsFlag>},
+    {FileFormat::kQzs, "qzs", Kind::kContacts, ".qzs", true, End::kBytesLeft, Shape::kNone, &HasFlag<kQzsFlag>, kTexts},
     {FileFormat::kSsy, "ssy", Kind::kContacts, ".ssy", false, End::kBytesLeft, Shape::kNone, &HasSsySize},
-    {FileFormat::kCsv, "csv", Kind::kContacts, ".csv", true, End::kBytesLeft, Shape::kColumns, &TellsNothing},
+    {FileFormat::kCsv, "csv", Kind::kContacts, ".csv", true, End::kBytesLeft, Shape::kColumns, &TellsNothing, kLines},
     {FileFormat::kVCard, "vcard", Kind::kContacts, ".vcf", true, End::kWhiteSpaceLeft, Shape::kNone,
-     &HasBlock<kVCardBlock>},
-    {FileFormat::kSms, "sms", Kind::kSms, ".sms", true, End::kLastRecordSize, Shape::kNone, &HasFlag<kSmsFlag>},
-    {FileFormat::kCal, "cal", Kind::kCalendar, ".cal", true, End::kBytesLeft, Shape::kNone, &HasFlag<kCalFlag>},
+     &HasBlock<kVCardBlock>, kCardLines},
+    {FileFormat::kSms, "sms", Kind::kSms, ".sms", true, End::kLastRecordSize, Shape::kNone, &HasFlag<kSmsFlag>,
+     kMessageTexts},
+    {FileFormat::kCal, "cal", Kind::kCalendar, ".cal", true, End::kBytesLeft, Shape::kNone, &HasFlag<kCalFlag>, kTexts},
     {FileFormat::kVCalendar, "vcalendar", Kind::kCalendar, ".vcs", true, End::kOneRecord, Shape::kNone,
      &HasBlock<kVCalendarBlock>},
     {FileFormat::kPhonebookXml, "phonebook-xml", Kind::kContacts, ".xml", true, End::kAskAgain, Shape::kPhonebook,
@@ -148,7 +154,7 @@ constexpr FormatInfo kFormats[] = {
      &HasSuiteId<kCalendarId>},
     {FileFormat::kSmsXml, "sms-xml", Kind::kSms, ".xml", true, End::kNone, Shape::kSms, &HasSuiteId<kSmsId>},
     {FileFormat::kEmailXml, "email-xml", Kind::kEmail, ".xml", true, End::kNone, Shape::kEmail, &HasSuiteId<kEmailId>},
-    {FileFormat::kEml, "eml", Kind::kEmail, ".eml", true, End::kBytesLeft, Shape::kNone, &HasFlag<kEmlFlag>},
+    {FileFormat::kEml, "eml", Kind::kEmail, ".eml", true, End::kBytesLeft, Shape::kNone, &HasFlag<kEmlFlag>, kTexts},
 };
 
 }  // namespace

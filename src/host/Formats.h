@@ -62,6 +62,9 @@ struct FormatInfo {
 
     /// How surely a file that begins so is one of this format; `size` is that of the whole file.
     Likeness (*looksLike)(std::string_view head, std::uint64_t size);
+
+    /// What the reader takes at most and the writer doesn't look at, in words; empty where there is no such limit.
+    std::string_view limit = {};
 };
 
 /// Whether a format is one of the XML suites: these carry a profile and are parsed and saved as a whole.

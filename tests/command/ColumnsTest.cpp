@@ -105,5 +105,51 @@ TEST_F(ColumnsTest, WhatTheReaderOfSsyLeavesOutIsALoss) {
     }
 }
 
+TEST_F(ColumnsTest, FailuresTellTheirReason) {
+    const std::string captions(1025, 'c');
+    folder.Put("caption.csv", "note," + captions + "\r\n");
+    folder.Put("line.csv", captions + "," + captions + "\r\n");
+    folder.Put("lf.csv", "note\n" + std::string(2050, 'x') + "\n");
+    folder.Put("blank.csv", "\r\nx\r\n");
+    folder.Put("none.csv", "");
+    folder.Put("none.json", R"({"columns": []})");
+    folder.Put("wide.json", R"({"columns": [{"caption": ")" + captions + R"(", "type": 5}, {"caption": ")" + captions +
+                                R"(", "type": 104}]})");
+    const auto contacts = [](const std::string& value) {
+        return R"({"orvale": 1, "kind": "contacts", "records": [{"fields": [{"type": 5, "data": ")" + value + "\"}]}]}";
+    };
+    folder.Put("ann.json", contacts("Ann"));
+    folder.Put("long.json", contacts(std::string(2100, 'x')));
+    const struct {
+        const char* words;
+        const char* line;
+    } kCases[] = {
+        {"show caption.csv", "caption.csv: its header can't be read: caption 2 is longer than 1024 characters"},
+        {"show line.csv",
+         "line.csv: its header can't be read (VERIFY_NOT_READ_HEADER): the line of captions is longer "
+         "than 2047 bytes"},
+        {"info lf.csv",
+         "lf.csv: its header can't be read (VERIFY_NOT_READ_HEADER): the line of captions is longer "
+         "than 2047 bytes; its lines end in LF alone and not in CR LF"},
+        {"convert blank.csv a.qzs",
+         "blank.csv: its header can't be read (VERIFY_NOT_READ_HEADER): its first line "
+         "holds no captions"},
+        {"show none.csv", "none.csv: its header can't be read (VERIFY_NOT_READ_HEADER): the file is empty"},
+        {"convert --profile none.json ann.json a.csv", "none.json: columns: a file of columns has at least one"},
+        {"convert --profile wide.json ann.json a.csv",
+         "a.csv: its header can't be read (VERIFY_NOT_READ_HEADER): the line of captions is longer than 2047 bytes"},
+        {"convert long.json a.csv",
+         "a.csv: record 1: was written and can't be read back; the format takes lines of at most 2047 bytes"},
+        {"convert long.json a.qzs",
+         "a.qzs: record 1: was written and can't be read back; the format takes texts of at "
+         "most 1023 units without a zero among them"},
+    };
+    for (const auto& each : kCases) {
+        const Outcome outcome = Run(each.words);
+        EXPECT_EQ(outcome.exitCode, 1) << each.words;
+        EXPECT_EQ(outcome.errors, "orvale: " + std::string(each.line) + "\n") << each.words;
+    }
+}
+
 }  // namespace
 }  // namespace orvale::test

@@ -228,6 +228,13 @@ class PathWriter {
     bool withPasswords_;
 };
 
+SharedProfile ReadColumns(const Json& value, std::string_view file, std::string place) {
+    SharedProfile profile = Read<CCSVProfile>(value, file, place);
+    if (std::get<CCSVProfile>(*profile).captions.empty())
+        FailFile(file, place.empty() ? "columns" : place + ".columns", "a file of columns has at least one");
+    return profile;
+}
+
 }  // namespace
 
 SharedProfile ReadProfile(const Json& value, Kind kind, std::string_view file, std::string place) {
@@ -235,7 +242,7 @@ SharedProfile ReadProfile(const Json& value, Kind kind, std::string_view file, s
     if (!value.is_object()) FailFile(file, place, "expected an object or null");
     switch (kind) {
         case Kind::kContacts:
-            if (value.contains("columns")) return Read<CCSVProfile>(value, file, std::move(place));
+            if (value.contains("columns")) return ReadColumns(value, file, std::move(place));
             return Read<CPhonebookProfile>(value, file, std::move(place));
         case Kind::kCalendar:
             return Read<CCalendarProfile>(value, file, std::move(place));
