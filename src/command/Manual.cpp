@@ -197,6 +197,15 @@ PageHead HeadOf(const std::filesystem::path& page) {
     return head;
 }
 
+// By which columns are known that no profile names.
+std::string BuiltInCaptions() {
+    std::string text = "The captions that orvale knows, each with its type:";
+    for (const ContactFieldType& type : kContactFieldTypes)
+        text += (type.id == kContactFieldTypes->id ? " " : ", ") + std::string(type.caption) + " (" +
+                std::to_string(type.id) + ")";
+    return text + ".";
+}
+
 std::string FormatEntry(const FormatRow& row, const std::filesystem::path& documents) {
     const PageHead page = HeadOf(documents / (std::string(row.name) + ".md"));
     std::string text = ".SS " + std::string(row.name) + "\n";
@@ -207,6 +216,7 @@ std::string FormatEntry(const FormatRow& row, const std::filesystem::path& docum
     text += Prose(ProfileSentence(row.profile)) + "\n";
     for (const std::string& paragraph : page.paragraphs)
         text += ".PP\n" + Prose(paragraph) + "\n";
+    if (row.profile == ProfileShape::kColumns) text += ".PP\n" + Prose(BuiltInCaptions()) + "\n";
     return text;
 }
 

@@ -2,8 +2,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
+#include <map>
+#include <regex>
 
+#include "command/Manual.h"
 #include "command/Program.h"
+#include "records/ContactFieldTypes.h"
 
 namespace orvale::test {
 namespace {
@@ -149,6 +154,23 @@ TEST_F(ColumnsTest, FailuresTellTheirReason) {
         EXPECT_EQ(outcome.exitCode, 1) << each.words;
         EXPECT_EQ(outcome.errors, "orvale: " + std::string(each.line) + "\n") << each.words;
     }
+}
+
+TEST_F(ColumnsTest, ThePagesListEveryCaption) {
+    std::ifstream in(ORVALE_ROOT "/docs/formats/csv.md");
+    const std::string page{std::istreambuf_iterator<char>(in), {}};
+    const std::size_t start = page.find("| Caption | Type |");
+    ASSERT_NE(start, std::string::npos);
+    const std::string table = page.substr(start, page.find("\n\n", start) - start);
+    std::map<std::string, std::string> listed;
+    const std::regex cell("\\| ([a-zA-Z][^|]*) \\| ([0-9]+) (?=\\|)");
+    for (std::sregex_iterator each(table.begin(), table.end(), cell); each != std::sregex_iterator(); ++each)
+        listed[(*each)[1]] = (*each)[2];
+    std::map<std::string, std::string> known;
+    for (const ContactFieldType& type : kContactFieldTypes)
+        known[std::string(type.caption)] = std::to_string(type.id);
+    EXPECT_EQ(listed, known);
+    EXPECT_THAT(FormatsPage(ORVALE_ROOT "/docs/formats", "2026-01-02"), HasSubstr("(4035)."));  // the last one
 }
 
 }  // namespace
