@@ -10,6 +10,7 @@
 #include "command/TextScan.h"
 #include "command/json/JsonDocument.h"
 #include "command/json/ProfileJson.h"
+#include "command/show/CsvTable.h"
 #include "command/show/RecordPrinter.h"
 #include "platform/Terminal.h"
 #include "platform/Text.h"
@@ -62,6 +63,20 @@ void ShowListing(JoinedInputs& input, const ShowOrder& order, Kind kind) {
     screen.EndLine();
 }
 
+// Reads the records once for the columns, then for the rows.
+template <class Record>
+void ShowCsv(const LoadedLibrary& library, const std::vector<InputName>& names, JoinedInputs& input,
+             const ShowOrder& order) {
+    CsvTable table(std::cout, order.safeCsv);
+    JoinedInputs ahead(library, names);
+    ahead.onEmpty = [](const std::string&) {};
+    while (const Record* record = ahead.Next<Record>())
+        table.Look(*record);
+    table.PutHead<Record>();
+    while (const Record* record = input.Next<Record>())
+        table.Put(*record);
+}
+
 void ShowProfile(const ShowOrder& order, const SharedProfile& profile) {
     Screen screen(std::cout, UseColor(order.color));
     if (!profile) {
@@ -75,6 +90,9 @@ void ShowProfile(const ShowOrder& order, const SharedProfile& profile) {
 }  // namespace
 
 ExitCode Show(const LoadedLibrary& library, ShowOrder order) {
+    order.csv = order.csv || order.safeCsv;
+    if (order.csv && (order.json || order.profileOnly))
+        FailUsage(std::string("--csv and ") + (order.json ? "--json" : "--profile-only") + " can't stand together");
     if (order.profileOnly && order.noProfile) FailUsage("--profile-only and --no-profile can't stand together");
     std::vector<InputName> names = ResolveInputs({order.file}, order.format);
     if (names.front().spool) order.file = names.front().name;
@@ -94,6 +112,8 @@ ExitCode Show(const LoadedLibrary& library, ShowOrder order) {
     VisitKind(info.kind, [&]<class Record>(std::type_identity<Record>) {
         if (order.json)
             ShowJson<Record>(input, order, info.kind, given.output ? given.output : info.profile);
+        else if (order.csv)
+            ShowCsv<Record>(library, names, input, order);
         else if (order.profileOnly)
             ShowProfile(order, info.profile);
         else

@@ -14,6 +14,8 @@ struct ShowOrder {
     std::string file;
     std::string format;  ///< empty to find it
     bool json = false;
+    bool csv = false;
+    bool safeCsv = false;  ///< cells that a spreadsheet would take for formulas are marked
     ColorMode color = ColorMode::kAuto;
     std::vector<std::string> profiles = {};  ///< files of --profile
     bool profileOnly = false;

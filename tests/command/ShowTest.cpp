@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "command/Program.h"
 #include "command/show/Screen.h"
 
@@ -55,6 +57,51 @@ TEST(ShowTest, AContactIsABlock) {
     EXPECT_EQ(RunOrvale(folder, "show in.json").output, expected);
     const std::string coloured = RunOrvale(folder, "show --color=always in.json").output;
     EXPECT_EQ(coloured.substr(0, 15), "\033[1mAnn Lee\033[0m");
+}
+
+TEST(ShowTest, ATableForSpreadsheets) {
+    const ScratchFolder folder;
+    const struct {
+        const char* document;
+        const char* table;
+        const char* safeTable;  // where it differs
+    } kCases[] = {
+        {R"({"orvale": 1, "kind": "contacts", "records": [
+             {"fields": [{"type": 5, "data": "Ann \"A\", Lee", "groups": [{"id": 1, "name": "Work"}, {"id": 2, "name": ""}]},
+                         {"type": 104, "data": "+49"}, {"type": 104, "data": "=1+1"}, {"type": 4711, "data": "a\r\nb"}]},
+             {"storage": 2, "fields": [{"type": 3002, "data": "é", "extraNumber": 5, "extraText": "y"}]}]})",
+         "storage,full name,mobile phone,mobile phone (2),note,type 4711,groups,extras\r\n"
+         "0,\"Ann \"\"A\"\", Lee\",+49,=1+1,,\"a\r\nb\",Work; group 2,\r\n2,,,,é,,,note: 5 y\r\n",
+         "storage,full name,mobile phone,mobile phone (2),note,type 4711,groups,extras\r\n"
+         "0,\"Ann \"\"A\"\", Lee\",'+49,'=1+1,,\"a\r\nb\",Work; group 2,\r\n2,,,,é,,,note: 5 y\r\n"},
+        {R"({"orvale": 1, "kind": "sms", "records": [{"listtype": 3, "name": "-x", "content": "@y", "time": "t"}]})",
+         "storageid,status,listtype,phonenumber,content,time,name,smstype\r\n0,0,3,,@y,t,-x,0\r\n",
+         "storageid,status,listtype,phonenumber,content,time,name,smstype\r\n0,0,3,,'@y,t,'-x,0\r\n"},
+        {R"({"orvale": 1, "kind": "contacts", "records": []})", "storage\r\n", "storage\r\n"},
+    };
+    for (const auto& each : kCases) {
+        folder.Put("in.json", each.document);
+        EXPECT_EQ(RunOrvale(folder, "show --csv in.json").output, each.table);
+        EXPECT_EQ(RunOrvale(folder, "show --safe-csv in.json").output, each.safeTable);
+    }
+    folder.Put("in.json",
+               R"({"orvale": 1, "kind": "calendar", "records": [{"itemType": 1, "dtstart": "2010-07-26T06:00:00",
+        "fields": [{"type": 3000, "data": "x"}, {"type": 3000, "data": "y"}]}, {"dtstart": 1e300}]})");
+    const std::string calendar = RunOrvale(folder, "show --csv in.json").output;
+    EXPECT_EQ(calendar.substr(0, 23), "itemType,dtstart,dtend,");
+    EXPECT_NE(calendar.find(",description,description (2)\r\nPHONE_TODO_TYPE,2010-07-26 06:00:00,,"),
+              std::string::npos);
+    EXPECT_NE(calendar.find("\r\n-1,1.0000000000000001e+300,,"), std::string::npos);
+    EXPECT_EQ(RunOrvale(folder, "show --csv --json in.json").exitCode, 2);
+
+    // A contact of many values widens the table no further than its bounds.
+    std::string many;
+    for (int i = 0; i < 3000; ++i)
+        many += (i == 0 ? "" : ",") + std::string("{\"type\": ") + std::to_string(i % 1500) + ", \"data\": \"v\"}";
+    folder.Put("in.json", R"({"orvale": 1, "kind": "contacts", "records": [{"fields": [)" + many + "]}]}");
+    const std::string wide = RunOrvale(folder, "show --csv in.json").output;
+    const std::string head = wide.substr(0, wide.find('\r'));
+    EXPECT_EQ(std::count(head.begin(), head.end(), ','), 1001);  // storage, 500 types twice, the others
 }
 
 }  // namespace
