@@ -18,6 +18,7 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME orvale)
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_RECOMMENDS "libical3, libgmime-3.0-0")  # loaded when their formats are met
 set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "files of a mobile phone's contacts, calendar and messages
 Orvale reads and writes the files in which the phones of the 2000s and their
 desktop programs kept a person's data: contacts, calendars, messages and mail.

@@ -9,7 +9,9 @@ packages=(
     g++ cmake ninja-build pkg-config       # the build; pkg-config for the test of the installed package
     libxml2-dev                            # the XML suites
     libcli11-dev nlohmann-json3-dev libmd-dev  # the command
+    libical-dev libgmime-3.0-dev           # its calendars and mailboxes
     libgtest-dev libgmock-dev tzdata       # the tests, some of which work in named time zones
+    python3-icalendar python3-vobject      # other programs that the tests hold calendars against
     libbenchmark-dev                       # the benchmarks
 )
 case "$#:${1-}" in

@@ -26,7 +26,9 @@ bool MayIncludeForeign(const std::string& source, const std::string& header) {
     return (header.starts_with("libxml/") && source == "xml/XMLDocument.cpp") ||
            (header.starts_with("nlohmann/") && source.starts_with("command/json/")) ||
            (header.starts_with("CLI/") && source == "command/Arguments.cpp") ||
-           (header == "sha2.h" && source == "command/Fingerprint.cpp");
+           (header == "sha2.h" && source == "command/Fingerprint.cpp") ||
+           (header.starts_with("gmime/") && source == "command/exchange/GMimeLibrary.h") ||
+           (header.starts_with("libical/") && source == "command/exchange/IcalLibrary.h");
 }
 
 }  // namespace

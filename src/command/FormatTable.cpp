@@ -7,6 +7,12 @@
 #include "command/CommandError.h"
 #include "command/EditDistance.h"
 #include "command/exchange/VcfFormat.h"
+#if ORVALE_ICAL
+#include "command/exchange/IcsFile.h"
+#endif
+#if ORVALE_GMIME
+#include "command/exchange/MboxFile.h"
+#endif
 #include "command/json/JsonDocument.h"
 
 namespace orvale {
@@ -16,6 +22,12 @@ namespace {
 constexpr FormatRow kOwnFormats[] = {
     {"json", std::nullopt, ".json", std::nullopt, true, EndRule::kNone, ProfileShape::kAny, &kJsonFormat},
     {"vcf", Kind::kContacts, ".vcf", std::nullopt, true, EndRule::kNone, ProfileShape::kNone, &kVcfFormat},
+#if ORVALE_ICAL
+    {"ics", Kind::kCalendar, ".ics", std::nullopt, true, EndRule::kNone, ProfileShape::kNone, &kIcsFormat},
+#endif
+#if ORVALE_GMIME
+    {"mbox", Kind::kEmail, ".mbox", std::nullopt, true, EndRule::kNone, ProfileShape::kNone, &kMboxFormat},
+#endif
 };
 
 const std::vector<FormatRow>& Table() {

@@ -135,13 +135,19 @@ bool NameComesBefore(const std::string& a, const std::string& b) {
 void ResolveFolder(const std::string& name, const std::string& formatName, std::vector<InputName>& inputs) {
     const FormatRow& format = formatName.empty() ? *FormatOfFolders() : FormatOfName(formatName);
     if (format.endRule != EndRule::kOneRecord) FailFile(name, "", "is a folder");
+    const auto isOne = [&](const std::filesystem::path& path) {
+        if (DetectFormat(path) == &format) return true;
+        // One that a format of the command's own reads better is still one.
+        const FormatInfo* const info = formatName.empty() ? DetectByContent(path) : nullptr;
+        return info != nullptr && info->format == format.type;
+    };
     std::vector<std::string> files;
     std::vector<std::string> others;
     std::error_code error;
     for (std::filesystem::directory_iterator entry(name, error), end; !error && entry != end; entry.increment(error)) {
         std::error_code ignored;
         if (entry->path().filename().string().starts_with('.') || !entry->is_regular_file(ignored)) continue;
-        if (DetectFormat(entry->path()) == &format)
+        if (isOne(entry->path()))
             files.push_back(entry->path().string());
         else
             others.push_back(entry->path().string());
@@ -152,7 +158,7 @@ void ResolveFolder(const std::string& name, const std::string& formatName, std::
         TellUser(ErrorLine(other, "", "passed over, for it is no file of the format " + std::string(format.name)));
     std::sort(files.begin(), files.end(), NameComesBefore);
     for (const std::string& file : files)
-        inputs.push_back({file, file, &format, !formatName.empty()});
+        inputs.push_back({file, file, formatName.empty() ? DetectFormat(file) : &format, !formatName.empty()});
 }
 
 InputName SpoolStandardInput(const std::string& formatName) {

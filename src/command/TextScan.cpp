@@ -233,6 +233,11 @@ std::vector<Note> ScanText(const InputName& input, std::uint64_t end) {
     return {};
 }
 
+bool VCalendarReaderTakesAll(const std::filesystem::path& path) {
+    const TextScan scan = ScanVCalendar(path, UINT64_MAX);
+    return scan.joinedLines.count == 0 && scan.droppedLines.count == 0 && scan.furtherEntries.count == 0;
+}
+
 void TellColumnLosses(const InputName& input) {
     if (input.format->profile != ProfileShape::kColumns) return;
     LossReport report("");

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <vector>
 
 #include "command/RecordInput.h"
@@ -12,6 +13,9 @@ namespace orvale {
 /// its end, or a line that no reader gets past. A file that can't be read has no notes, and neither has one of a format
 /// whose reader makes out all that it gets.
 std::vector<Note> ScanText(const InputName& input, std::uint64_t end);
+
+/// Whether the module's reader makes one entry of a vCalendar that holds one, and something of each of its lines.
+bool VCalendarReaderTakesAll(const std::filesystem::path& path);
 
 /// Tells the user what of a file of columns reaches no contact; of any other file nothing.
 void TellColumnLosses(const InputName& input);

@@ -208,9 +208,9 @@ TEST_F(KindsTest, SeveralCalendarEntriesGoToANewFolder) {
 TEST_F(KindsTest, AVCalendarWithoutAnEntryIsAFailure) {
     folder.Put("none.vcs", "BEGIN:VCALENDAR\r\nPRODID:\r\nVERSION:2.0\r\nEND:VCALENDAR\r\n");
     folder.Put("none.json", R"({"orvale": 1, "kind": "calendar", "records": []})");
-    EXPECT_EQ(Run("show none.vcs").errors, "orvale: none.vcs: holds no record of the format vcalendar\n");
-    EXPECT_EQ(Run("info none.vcs").exitCode, 1);
-    EXPECT_EQ(Run("convert none.vcs a.cal").exitCode, 1);
+    EXPECT_EQ(Run("show --format vcalendar none.vcs").errors, "orvale: none.vcs: holds no record of the format vcalendar\n");
+    EXPECT_EQ(Run("info --format vcalendar none.vcs").exitCode, 1);
+    EXPECT_EQ(Run("convert --from vcalendar none.vcs a.cal").exitCode, 1);
     EXPECT_EQ(Run("convert none.json a.vcs").exitCode, 1);
     EXPECT_EQ(Run("convert none.json a.cal").exitCode, 0);
 }
@@ -241,7 +241,7 @@ TEST_F(KindsTest, NothingOfAVCalendarGoesInSilence) {
                "SUMMARY;ENCODING=QUOTED-PRINTABLE:a=\r\nb\r\nRRULE:D1\r\nLOCATION;ENCODING=QUOTED-PRINTABLE:"
                "\xFF\r\nEND:VEVENT\r\n"
                "BEGIN:VTODO\r\nEND:VTODO\r\nEND:VCALENDAR\r\n");
-    EXPECT_EQ(Run("convert in.vcs a.cal").errors,
+    EXPECT_EQ(Run("convert --from vcalendar in.vcs a.cal").errors,
               "orvale: a.cal: lost: bytes that code page 65001 doesn't have: 1, first in in.vcs, line 8\n"
               "orvale: a.cal: lost: entries behind the first, which became one with it: 1, first in in.vcs, line 10\n"
               "orvale: a.cal: lost: lines with an unknown key, which joined the value before them: 1, first in in.vcs, "

@@ -1,0 +1,94 @@
+#include "command/exchange/CalendarZones.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace orvale {
+namespace {
+
+constexpr std::size_t kMostZones = 500;  // of a file: there are not so many on earth
+
+template <std::size_t kSize>
+std::size_t LengthOf(const short (&values)[kSize]) {
+    return static_cast<std::size_t>(std::find(values, values + kSize, static_cast<short>(ICAL_RECURRENCE_ARRAY_MAX)) -
+                                    values);
+}
+
+// libical works out every change of a zone's time up to a year far ahead. A change once a year, as each zone on earth
+// has it, costs little; a rule that says more often is none of a zone.
+bool IsYearly(const icalrecurrencetype& rule) {
+    return rule.freq == ICAL_YEARLY_RECURRENCE && LengthOf(rule.by_month) <= 1 && LengthOf(rule.by_day) <= 1 &&
+           LengthOf(rule.by_month_day) <= 8 && LengthOf(rule.by_hour) <= 1 && LengthOf(rule.by_minute) <= 1 &&
+           LengthOf(rule.by_second) <= 1 && LengthOf(rule.by_year_day) == 0 && LengthOf(rule.by_week_no) == 0 &&
+           LengthOf(rule.by_set_pos) <= 1 && rule.rscale == nullptr;
+}
+
+bool IsHarmless(icalcomponent* zone) {
+    constexpr std::size_t kMostRules = 64;
+    std::size_t rules = 0;
+    // What a rule belongs to stands one level below the zone. Both lists are taken from the front while they are
+    // counted, so no other walk of them may be under way.
+    const IcalLibrary& ical = Ical();
+    for (icalcomponent* part = ical.icalcomponent_get_first_component(zone, ICAL_ANY_COMPONENT); part != nullptr;
+         part = ical.icalcomponent_get_next_component(zone, ICAL_ANY_COMPONENT)) {
+        for (icalproperty* rule = ical.icalcomponent_get_first_property(part, ICAL_RRULE_PROPERTY); rule != nullptr;
+             rule = ical.icalcomponent_get_next_property(part, ICAL_RRULE_PROPERTY)) {
+            const icalvalue* const value = ical.icalproperty_get_value(rule);
+            if (value == nullptr || ical.icalvalue_isa(value) != ICAL_RECUR_VALUE) return false;
+            if (++rules > kMostRules || !IsYearly(ical.icalvalue_get_recur(value))) return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace
+
+CalendarFields FieldsOf(const icaltimetype& time) {
+    return {time.year, time.month, time.day, time.hour, time.minute, time.second};
+}
+
+void CalendarZones::Add(const std::string& definition) {
+    const IcalLibrary& ical = Ical();
+    if (defined_.size() >= kMostZones) return;
+    IcalComponent component(ical.icalcomponent_new_from_string(definition.c_str()));
+    if (!component || !IsHarmless(component.get())) return;
+    icalproperty* const id = ical.icalcomponent_get_first_property(component.get(), ICAL_TZID_PROPERTY);
+    const char* const name = id != nullptr ? ical.icalvalue_get_text(ical.icalproperty_get_value(id)) : nullptr;
+    if (name == nullptr || defined_.count(name) != 0) return;
+    const std::string key = name;
+    IcalZone zone(ical.icaltimezone_new());
+    if (ical.icaltimezone_set_component(zone.get(), component.get()) == 0) return;
+    (void)component.release();  // it is the zone's now
+    defined_.emplace(key, std::move(zone));
+}
+
+const icaltimezone* CalendarZones::Find(const std::string& name) {
+    if (const auto found = defined_.find(name); found != defined_.end()) return found->second.get();
+    if (lookAhead) {
+        std::exchange(lookAhead, nullptr)();
+        if (const auto found = defined_.find(name); found != defined_.end()) return found->second.get();
+    }
+    if (const auto found = ofSystem_.find(name); found != ofSystem_.end()) return found->second;
+    // Some programs put their own name before the usual one: "/example.com/Europe/Berlin".
+    const icaltimezone* zone = nullptr;
+    std::string_view rest = name;
+    while (zone == nullptr && !rest.empty() && rest.size() < 256) {
+        zone = Ical().icaltimezone_get_builtin_timezone(std::string(rest).c_str());
+        const std::size_t slash = rest.find('/');
+        if (!name.starts_with('/') || slash == std::string_view::npos) break;
+        rest.remove_prefix(slash + 1);
+    }
+    if (ofSystem_.size() < kMostZones) ofSystem_.emplace(name, zone);
+    return zone;
+}
+
+std::optional<CalendarFields> CalendarZones::ToLocal(const std::string& name, const icaltimetype& time) {
+    const icaltimezone* const zone = Find(name);
+    if (zone == nullptr) return std::nullopt;
+    icaltimetype there = time;
+    there.zone = zone;
+    icaltimezone* const utc = Ical().icaltimezone_get_utc_timezone();
+    return UtcToLocal(FieldsOf(Ical().icaltime_convert_to_zone(there, utc)));
+}
+
+}  // namespace orvale

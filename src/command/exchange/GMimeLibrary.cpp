@@ -1,0 +1,27 @@
+#include "command/exchange/GMimeLibrary.h"
+
+#include "command/exchange/LazyLibrary.h"
+
+namespace orvale {
+namespace {
+
+const GMimeLibrary* Load() {
+    const SharedLibrary& library = LoadLibraryOf("mbox", ORVALE_GMIME_SONAME);
+    auto* const functions = new GMimeLibrary;
+#define ORVALE_LOAD(name) functions->name = library.Get<std::remove_pointer_t<decltype(&::name)>>(#name);
+    ORVALE_GMIME_FUNCTIONS(ORVALE_LOAD)
+#undef ORVALE_LOAD
+    functions->g_mime_init();
+    // What it says of bad input on standard error is said by notes.
+    functions->g_log_set_default_handler([](const gchar*, GLogLevelFlags, const gchar*, gpointer) {}, nullptr);
+    return functions;
+}
+
+}  // namespace
+
+const GMimeLibrary& GMime() {
+    static const GMimeLibrary* const library = Load();
+    return *library;
+}
+
+}  // namespace orvale
