@@ -8,8 +8,9 @@
 #include <cerrno>
 #include <climits>
 #include <cstdio>
-#include <random>
 #include <system_error>
+
+#include "platform/Unfinished.h"
 
 namespace orvale {
 namespace {
@@ -110,9 +111,9 @@ AtomicFile::~AtomicFile() {
 }
 
 void AtomicFile::CreateBeside() {
-    std::random_device random;
+    RemoveLeftovers(target_);
     for (int i = 0; i < kMostNames; ++i) {
-        std::string name = Beside(target_, ".orvale-" + std::to_string(random()) + ".tmp");
+        std::string name = UnfinishedName(target_);
         descriptor_ = open(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
         if (descriptor_ >= 0) {
             temporary_ = std::move(name);
@@ -144,12 +145,13 @@ void AtomicFile::Commit(Existing existing) {
     if (descriptor_ < 0) Throw(EBADF, "commit");
     HandOver();
     if (!temporary_.empty()) {
+        const std::string folder = Beside(target_, ".");  // behind the rename nothing may fail any more
         SyncFile(temporary_);
         const char* const from = temporary_.c_str();
         const char* const to = target_.c_str();
         Check((existing == Existing::kKept ? RenameToFreeName(from, to) : rename(from, to)) == 0, "rename");
         temporary_.clear();
-        SyncFolder(Beside(target_, "."));
+        SyncFolder(folder);
     }
     Close();
 }

@@ -9,7 +9,8 @@ namespace orvale {
 
 /// A file that comes into being whole or not at all. Bytes go to a new file beside the target; Commit syncs that and
 /// renames it over the target, so that whoever looks at any moment, also after a crash, finds the old file or the new
-/// one. Without a Commit the target stays as it was and nothing is left beside it.
+/// one. Without a Commit the target stays as it was and nothing is left beside it; what a process left there that was
+/// killed goes with a later one's work (see Unfinished.h).
 ///
 /// Where the target is there already it must be writable; its mode stays, its owner where the system allows, and a link
 /// is followed. A device is written to as it stands. What the system refuses is thrown as std::system_error.

@@ -3,8 +3,9 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <random>
 #include <string>
+
+#include "platform/Unfinished.h"
 
 namespace orvale {
 namespace {
@@ -23,26 +24,29 @@ void SyncFileSystemOf(const fs::path& folder) noexcept {
 
 PendingFolder::PendingFolder(const fs::path& target)
     : target_(fs::absolute(target.has_filename() ? target : target.parent_path())) {
-    std::random_device random;
+    RemoveLeftovers(target_.native());
     constexpr int kMostNames = 100;
     for (int i = 0; i < kMostNames && path_.empty(); ++i) {
-        const fs::path path = target_.parent_path() / (".orvale-" + std::to_string(random()) + ".tmp");
+        const fs::path path = UnfinishedName(target_.native());
         if (fs::create_directory(path)) path_ = path;
     }
 }
 
 PendingFolder::~PendingFolder() {
-    std::error_code ignored;
-    if (!path_.empty()) fs::remove_all(path_, ignored);
+    try {
+        if (!path_.empty()) fs::remove_all(path_);
+    } catch (...) {  // what can't be taken away stays, under its name of something unfinished
+    }
 }
 
 void PendingFolder::Commit() {
     const auto exists = std::make_error_code(std::errc::file_exists);
     if (fs::exists(fs::symlink_status(target_))) throw fs::filesystem_error("rename", target_, exists);
+    const fs::path parent = target_.parent_path();  // behind the rename nothing may fail any more
     SyncFileSystemOf(path_);
     fs::rename(path_, target_);
     path_.clear();
-    SyncFileSystemOf(target_.parent_path());
+    SyncFileSystemOf(parent);
 }
 
 }  // namespace orvale
