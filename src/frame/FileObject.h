@@ -48,13 +48,19 @@ class CFileObject : public CFileInterface {
 
     /// Conversion by the code page of the thread, with a converter that the object keeps.
     orvale::TextConverter& Converter();
+    /// Set by a step that found no memory, where that would else go unseen: the operation under way, or the next one,
+    /// is a failure then (see Operation). In a format that keeps it, so is every one until the next Open: there a
+    /// failed Read can't be told from the end of the file, which the operations behind it show.
+    bool& Shortage() { return shortage_; }
+    bool KeepsShortage() const { return keepsShortage_; }
+
     std::string ToNarrow(std::u16string_view text) { return Converter().ToNarrow(text); }
     std::u16string ToWide(std::string_view bytes) { return Converter().ToWide(bytes); }
 
  protected:
     /// `openLine` is the head of the line that Open logs, such as "ORVALE - CQZSFile::Open".
-    CFileObject(std::int32_t fileVersion, std::u16string_view openLine)
-        : fileVersion_(fileVersion), openLine_(openLine) {}
+    CFileObject(std::int32_t fileVersion, std::u16string_view openLine, bool keepsShortage = false)
+        : fileVersion_(fileVersion), openLine_(openLine), keepsShortage_(keepsShortage) {}
 
     /// Closes the stream if it is open; what it fails to hand over is lost, as Close has no result.
     void CloseStream() noexcept;
@@ -64,4 +70,6 @@ class CFileObject : public CFileInterface {
     std::int32_t fileVersion_;
     std::u16string_view openLine_;
     std::optional<orvale::TextConverter> converter_;
+    bool shortage_ = false;
+    bool keepsShortage_;
 };

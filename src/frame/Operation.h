@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <new>
 #include <stdexcept>
 #include <string_view>
 
@@ -34,16 +35,19 @@ class Operation {
     Operation(const Operation&) = delete;
     Operation& operator=(const Operation&) = delete;
 
-    /// Runs the operation's body: 1, or 0 if it threw or what it wrote could not be handed over.
+    /// Runs the operation's body: 1, or 0 if it threw, if what it wrote could not be handed over, or if one of its
+    /// steps found no memory, whatever became of that step: what is missing then would go unseen.
     template <class Body>
     std::int32_t Run(Body&& body) noexcept {
         try {
             body();
+            if (file_.Shortage()) throw std::bad_alloc();
             file_.HandOver();
+        } catch (const std::bad_alloc&) {
+            file_.Shortage() = !gathering_.IsOutermost() || file_.KeepsShortage();
+            return Fail();
         } catch (...) {
-            HandOverRest();
-            Line(kFailed, u"Failed");
-            return 0;
+            return Fail();
         }
         Line(kSucceeded, u"Succeeded");
         return 1;
@@ -56,6 +60,12 @@ class Operation {
     void Silence() noexcept { lines_ = 0; }
 
  private:
+    std::int32_t Fail() const noexcept {
+        HandOverRest();
+        Line(kFailed, u"Failed");
+        return 0;
+    }
+
     // What was written before the failure stays in the file, as far as the system takes it.
     void HandOverRest() const noexcept {
         try {

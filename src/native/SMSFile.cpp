@@ -36,7 +36,10 @@ CSMSFile::~CSMSFile() {
 }
 
 void CSMSFile::Close() {
-    sms_.Reset();
+    try {
+        sms_.Reset();
+    } catch (const std::exception&) {  // no memory for the text of the present time: Read resets it anyway
+    }
     orvale::LogText(u"ORVALE - CSMSFile::Close : Begin/Finish\r\n");
     CloseStream();
 }
@@ -99,6 +102,7 @@ void CSMSFile::SkipText(std::uint32_t bytes) {
 
 std::int32_t CSMSFile::ReadString(std::u16string* text) {
     if (text == nullptr) return 0;
+    const Gathering gathering(*this);
     try {
         std::int32_t length = 0;  // stays 0 where it can't be read: an empty text
         ReadInt(&length);
@@ -120,6 +124,8 @@ std::int32_t CSMSFile::ReadString(std::u16string* text) {
         return 1;
     } catch (...) {
         text->clear();
+        // As in WriteString: a text that the file or the memory failed to give would be an empty one to Read's caller.
+        if (!gathering.IsOutermost()) throw;
         return 0;
     }
 }

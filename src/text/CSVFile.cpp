@@ -47,7 +47,8 @@ void CCSVFile::SetProfile(const void* profile) {
     orvale::LogFormat(u"ORVALE - CCSVFile::SetProfile : Profile[0x%08X]\r\n", profile);
     try {
         profile_ = orvale::CSVColumns(*static_cast<const CCSVProfile*>(profile));
-    } catch (const std::exception&) {  // no memory: the profile before stays
+    } catch (const std::exception&) {  // no memory: the profile before stays, and the next operation fails
+        Shortage() = true;
     }
     for (FileColumn& column : columns_)
         column.type = profile_.TypeOf(column.caption);

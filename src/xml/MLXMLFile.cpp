@@ -168,9 +168,9 @@ std::int32_t CMLXMLFile::Open(const char16_t* fileName, const std::uint32_t* ope
 void CMLXMLFile::Close() {
     Operation(*this, u"ORVALE - CMLXMLFile::Close").Run([&] {
         Require(HasDocument());
-        email_.Reset();
-        profile_.Reset();
         SaveDocument();
+        email_.Reset();  // may find no memory
+        profile_.Reset();
     });
 }
 
@@ -379,7 +379,7 @@ std::int32_t CMLXMLFile::WriteXMLBoxFolderProfile(const std::u16string& folder, 
 
 // The element around the run makes it a document; its name appears nowhere.
 void CMLXMLFile::SpreadFragment(const std::u16string& fragment, NodeHandle node, std::int32_t indent) {
-    CXMLDocument run;
+    CXMLDocument run(&Shortage());
     run.LoadXML(u"<fragment>" + fragment + u"</fragment>");
     ForEachChild(run, {}, [&](NodeHandle child) {
         AddElement(Document(), node, run.GetName(child), indent, run.GetText(child));

@@ -109,9 +109,9 @@ std::int32_t CSMSXMLFile::Open(const char16_t* fileName, const std::uint32_t* op
 void CSMSXMLFile::Close() {
     Operation(*this, u"ORVALE - CSMSXMLFile::Close").Run([&] {
         Require(HasDocument());
-        sms_.Reset();
-        profile_.Reset();
         SaveDocument();
+        sms_.Reset();  // may find no memory
+        profile_.Reset();
     });
 }
 

@@ -11,11 +11,12 @@ void SuiteFile::OpenDocument(const Operation& operation, const char16_t* fileNam
         Require(done);
     };
     opened_ = false;
+    Shortage() = false;
     Require(fileName != nullptr && openFlags != nullptr);
     // What the object held of an earlier file goes with its document.
     entries_ = current_ = {};
     identifier_.clear();
-    document_.emplace();
+    document_.emplace(&Shortage());
     const std::u16string nameLine = Format(u"File Name[%s]", fileName);
     require(document_->Create(fileName) != 0, failures.create);
     if (*openFlags == kModeRead) {

@@ -21,7 +21,9 @@ namespace orvale {
 /// Opened stays set after Close: the document can still be walked, written to and saved by another Close.
 class SuiteFile : public CFileObject {
  protected:
-    explicit SuiteFile(std::u16string_view openLine) : CFileObject(100, openLine) {}
+    explicit SuiteFile(std::u16string_view openLine) : CFileObject(100, openLine, true) {
+        document_.emplace(&Shortage());
+    }
 
     /// Lines for the steps of Open, for a class that has them.
     struct OpenFailures {
@@ -60,19 +62,22 @@ class SuiteFile : public CFileObject {
     /// for and it wasn't saved as it is before. What failed to be saved is tried again by the next Close.
     void SaveDocument();
 
-    /// Runs a step that ends where it fails, without harm to the others.
+    /// Runs a step that ends where it fails, without harm to the others. One that finds no memory fails the operation.
     template <class Body>
-    static bool Contained(Body body) noexcept {
+    bool Contained(Body body) noexcept {
         try {
             body();
             return true;
+        } catch (const std::bad_alloc&) {
+            Shortage() = true;
+            return false;
         } catch (...) {
             return false;
         }
     }
 
  private:
-    std::optional<CXMLDocument> document_{std::in_place};
+    std::optional<CXMLDocument> document_;
     std::uint32_t openFlags_ = 0;
     bool opened_ = false;
     bool saved_ = false;

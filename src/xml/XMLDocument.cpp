@@ -12,6 +12,7 @@
 #include <climits>
 #include <functional>
 #include <iterator>
+#include <new>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -39,14 +40,11 @@ const char* Characters(const xmlChar* bytes) {
     return reinterpret_cast<const char*>(bytes);
 }
 
-/// Any exception within the body becomes the operation's failure: 0, none or the empty text.
-template <class Body>
-auto Guarded(Body body) noexcept -> decltype(body()) {
-    try {
-        return body();
-    } catch (...) {
-        return {};
-    }
+/// What the library could not make for want of memory.
+template <class Made>
+Made* Required(Made* made) {
+    if (made == nullptr) throw std::bad_alloc();
+    return made;
 }
 
 /// Keeps the library's messages of this thread from the host's handlers and from standard error while it lives.
@@ -130,26 +128,25 @@ void Append(xmlNode* parent, xmlNode* child) {
 // Names and indents recur: the document's dictionary keeps each once.
 xmlNode* NewElement(xmlDoc* document, std::u16string_view name) {
     const std::string bytes = ToUtf8(name);
-    auto* const kept =
-        const_cast<xmlChar*>(xmlDictLookup(document->dict, Bytes(bytes), static_cast<int>(bytes.size())));
-    return kept != nullptr ? xmlNewDocNodeEatName(document, nullptr, kept, nullptr) : nullptr;
+    const xmlChar* const kept = Required(xmlDictLookup(document->dict, Bytes(bytes), static_cast<int>(bytes.size())));
+    return Required(xmlNewDocNodeEatName(document, nullptr, const_cast<xmlChar*>(kept), nullptr));
 }
 
 void AppendText(xmlNode* parent, std::u16string_view text) {
     if (text.empty()) return;
-    if (xmlNode* const node = xmlNewDocText(parent->doc, Bytes(ToUtf8(text)))) {
-        MarkMade(node);
-        Append(parent, node);
-    }
+    xmlNode* const node = Required(xmlNewDocText(parent->doc, Bytes(ToUtf8(text))));
+    MarkMade(node);
+    Append(parent, node);
+    Required(node->content);
 }
 
 void AppendIndent(xmlNode* parent, std::int32_t tabs) {
     const std::string text = "\n" + std::string(static_cast<std::size_t>(tabs), '\t');
-    xmlNode* const node = xmlNewDocText(parent->doc, nullptr);
-    if (node == nullptr) return;
+    xmlNode* const node = Required(xmlNewDocText(parent->doc, nullptr));
     node->content = const_cast<xmlChar*>(xmlDictLookup(parent->doc->dict, Bytes(text), static_cast<int>(text.size())));
     MarkMade(node);
     Append(parent, node);
+    Required(node->content);
 }
 
 xmlAttr* FindAttribute(const xmlNode* element, std::u16string_view name) {
@@ -332,12 +329,13 @@ DocumentPtr Parse(Read read) {
     struct FreeParser {
         void operator()(xmlParserCtxt* parser) const { xmlFreeParserCtxt(parser); }
     };
-    const std::unique_ptr<xmlParserCtxt, FreeParser> parser(xmlNewParserCtxt());
-    if (parser == nullptr) return nullptr;
+    const std::unique_ptr<xmlParserCtxt, FreeParser> parser(Required(xmlNewParserCtxt()));
     SetHandlers(*parser);
     std::int64_t defaulted = 0;
     parser->_private = &defaulted;
-    return DocumentPtr(read(parser.get()));
+    DocumentPtr document(read(parser.get()));
+    if (parser->errNo == XML_ERR_NO_MEMORY || parser->lastError.code == XML_ERR_NO_MEMORY) throw std::bad_alloc();
+    return document;
 }
 
 struct Source {
@@ -377,9 +375,9 @@ DocumentPtr ParseText(std::u16string_view text) {
 }
 
 DocumentPtr NewDocument() {
-    DocumentPtr document(xmlNewDoc(BAD_CAST "1.0"));
-    if (document != nullptr) document->dict = xmlDictCreate();
-    return document != nullptr && document->dict != nullptr ? std::move(document) : nullptr;
+    DocumentPtr document(Required(xmlNewDoc(BAD_CAST "1.0")));
+    document->dict = Required(xmlDictCreate());
+    return document;
 }
 
 // ---- saving
@@ -422,6 +420,8 @@ struct CXMLDocument::Tree {
     std::vector<xmlNode*> loose;  // elements that were never appended
     // The comments and attributes that XML can't hold, as they were given: in the tree they stand for themselves.
     std::unordered_map<const xmlNode*, std::u16string> unfit;
+    bool lacks = false;  // memory ran out: something isn't in the document
+    bool* shortage = nullptr;
 
     ~Tree() {
         for (xmlNode* const node : loose)
@@ -432,6 +432,7 @@ struct CXMLDocument::Tree {
         if (other == nullptr) return false;
         if (document != nullptr && document->children != nullptr) earlier.push_back(std::move(document));
         document = std::move(other);
+        lacks = false;
         return true;
     }
 
@@ -463,7 +464,22 @@ struct CXMLDocument::Tree {
     }
 };
 
-CXMLDocument::CXMLDocument() : tree_(std::make_unique<Tree>()) {}
+/// Any exception within the body becomes the operation's failure: 0, none or the empty text. It comes of a want of
+/// memory, which a caller who looks at no result hears of all the same.
+template <class Body>
+auto CXMLDocument::Guarded(Body body) const noexcept -> decltype(body()) {
+    try {
+        return body();
+    } catch (...) {
+        tree_->lacks = true;
+        if (tree_->shortage != nullptr) *tree_->shortage = true;
+        return {};
+    }
+}
+
+CXMLDocument::CXMLDocument(bool* shortage) : tree_(std::make_unique<Tree>()) {
+    tree_->shortage = shortage;
+}
 CXMLDocument::~CXMLDocument() = default;
 
 std::int32_t CXMLDocument::Create(Text path) {
@@ -475,12 +491,16 @@ std::int32_t CXMLDocument::Create(Text path) {
 }
 
 std::int32_t CXMLDocument::CreateHeader() {
-    xmlDoc* const document = tree_->document.get();
-    if (document == nullptr || document->children != nullptr) return 0;
-    xmlNode* const header = xmlNewDocPI(document, BAD_CAST "xml", BAD_CAST "version='1.0' encoding='utf-8'");
-    if (header == nullptr) return 0;
-    Append(reinterpret_cast<xmlNode*>(document), header);
-    return 1;
+    return Guarded([&] {
+        xmlDoc* const document = tree_->document.get();
+        if (document == nullptr || document->children != nullptr) return 0;
+        xmlNode* const header =
+            Required(xmlNewDocPI(document, BAD_CAST "xml", BAD_CAST "version='1.0' encoding='utf-8'"));
+        Append(reinterpret_cast<xmlNode*>(document), header);
+        Required(header->name);
+        Required(header->content);
+        return 1;
+    });
 }
 
 NodeHandle CXMLDocument::CreateRoot(Text name, Text text) {
@@ -489,8 +509,8 @@ NodeHandle CXMLDocument::CreateRoot(Text name, Text text) {
         xmlDoc* const document = tree_->document.get();
         if (!name || document == nullptr || xmlDocGetRootElement(document) != nullptr) return NodeHandle();
         const std::u16string clean = CleanText(*name);
-        xmlNode* const root = orvale::IsName(clean) ? NewElement(document, clean) : nullptr;
-        if (root == nullptr) return NodeHandle();
+        if (!orvale::IsName(clean)) return NodeHandle();
+        xmlNode* const root = NewElement(document, clean);
         Append(reinterpret_cast<xmlNode*>(document), root);
         tree_->root = root;
         if (text) AppendText(root, CleanText(*text));
@@ -512,7 +532,6 @@ NodeHandle CXMLDocument::CreateNode(Text name, Text text, NodeHandle parentHandl
         if (document == nullptr || (append && parent == nullptr) || !orvale::IsName(clean)) return NodeHandle();
         if (!append) tree_->loose.push_back(nullptr);
         xmlNode* const node = NewElement(document, clean);
-        if (node == nullptr) return NodeHandle();
         if (append)
             Append(parent, node);
         else
@@ -526,9 +545,9 @@ NodeHandle CXMLDocument::AddComment(Text text, NodeHandle parentHandle) {
     return Guarded([&] {
         xmlNode* const parent = tree_->Parent(parentHandle);
         if (!text || parent == nullptr) return NodeHandle();
-        xmlNode* const comment = xmlNewDocComment(parent->doc, Bytes(ToUtf8(*text)));
-        if (comment == nullptr) return NodeHandle();
+        xmlNode* const comment = Required(xmlNewDocComment(parent->doc, Bytes(ToUtf8(*text))));
         Append(parent, comment);
+        Required(comment->content);
         tree_->Judge(comment, *text, orvale::FitsComment(*text));
         return NodeHandle(comment);
     });
@@ -540,8 +559,13 @@ std::int32_t CXMLDocument::SetAttribute(Text name, Text value, NodeHandle elemen
         xmlNode* const element = tree_->Parent(elementHandle);
         if (element == nullptr) return 0;
         xmlAttr* attribute = FindAttribute(element, *name);
-        if (attribute == nullptr) attribute = xmlNewProp(element, Bytes(ToUtf8(*name)), nullptr);
-        if (attribute == nullptr) return 0;
+        if (attribute == nullptr) {
+            attribute = Required(xmlNewProp(element, Bytes(ToUtf8(*name)), nullptr));
+            if (attribute->name == nullptr) {
+                xmlRemoveProp(attribute);
+                throw std::bad_alloc();
+            }
+        }
         auto* const node = reinterpret_cast<xmlNode*>(attribute);
         xmlFreeNodeList(attribute->children);
         attribute->children = attribute->last = nullptr;
@@ -579,14 +603,16 @@ std::int32_t CXMLDocument::LoadXML(Text text) {
 }
 
 std::int32_t CXMLDocument::Save() {
-    return Guarded([&] {
-        if (tree_->path.empty() || tree_->document == nullptr || !tree_->FitsFile()) return 0;
-        if (!orvale::IsWellFormed(tree_->path)) return 0;  // no name of a file
+    if (tree_->path.empty() || tree_->document == nullptr || tree_->lacks || !tree_->FitsFile()) return 0;
+    if (!orvale::IsWellFormed(tree_->path)) return 0;  // no name of a file
+    try {
         orvale::AtomicFile file(ToUtf8(tree_->path));
         if (!WriteDocument(tree_->document.get(), file)) return 0;
         file.Commit();
         return 1;
-    });
+    } catch (const std::exception&) {  // which harms the document in no way: it can be saved again
+        return 0;
+    }
 }
 
 NodeHandle CXMLDocument::FirstChild(NodeHandle parentHandle) const {

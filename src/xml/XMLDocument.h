@@ -33,7 +33,9 @@ class CXMLDocument {
  public:
     using Text = std::optional<std::u16string_view>;
 
-    CXMLDocument();
+    /// `shortage`, if it isn't null, is set where an operation finds no memory; what it gave then is not to be relied
+    /// on.
+    explicit CXMLDocument(bool* shortage = nullptr);
     virtual ~CXMLDocument();
     CXMLDocument(const CXMLDocument&) = delete;
     CXMLDocument& operator=(const CXMLDocument&) = delete;
@@ -71,7 +73,8 @@ class CXMLDocument {
     /// text that doesn't parse: the document is empty then, and the root none.
     std::int32_t LoadXML(Text text);
 
-    /// Writes the document to the path, as UTF-8: the file there is replaced when the new one is whole.
+    /// Writes the document to the path, as UTF-8: the file there is replaced when the new one is whole. 0 also where
+    /// memory ran out while the document was built, so that something is missing in it.
     std::int32_t Save();
 
     NodeHandle FirstChild(NodeHandle parent) const;  ///< of any kind; of the root for none
@@ -92,6 +95,9 @@ class CXMLDocument {
     std::u16string GetText(NodeHandle node) const;
 
  private:
+    template <class Body>
+    auto Guarded(Body body) const noexcept -> decltype(body());
+
     struct Tree;
     std::unique_ptr<Tree> tree_;
 };
