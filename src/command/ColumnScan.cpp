@@ -20,17 +20,16 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 class Lines {
  public:
     explicit Lines(const std::filesystem::path& path) {
-        isOpen_ = file_.Open(FromUtf8(path.native()).c_str(), CFile::kModeRead, nullptr) != 0;
+        if (file_.Open(FromUtf8(path.native()).c_str(), CFile::kModeRead, nullptr) == 0)
+            FailFile(path.string(), "", "can't be read");
     }
 
     bool Next(std::string_view& line) {
-        return isOpen_ && ReadLine(file_, kCSVLineBuffer, store_, line) == LineResult::kLine &&
-               line.size() < kCSVLineBuffer;
+        return ReadLine(file_, kCSVLineBuffer, store_, line) == LineResult::kLine && line.size() < kCSVLineBuffer;
     }
 
  private:
     CFile file_;
-    bool isOpen_;
     std::string store_;
 };
 
@@ -160,7 +159,8 @@ std::string WhyNoCaptions(const std::filesystem::path& path) {
     CFile file;
     std::string store;
     std::string_view raw;
-    if (file.Open(FromUtf8(path.native()).c_str(), CFile::kModeRead, nullptr) == 0) return {};
+    if (file.Open(FromUtf8(path.native()).c_str(), CFile::kModeRead, nullptr) == 0)
+        FailFile(path.string(), "", "can't be read");
     const LineResult result = ReadLine(file, kCSVLineBuffer, store, raw);
     if (result == LineResult::kEnd) return "the file is empty";
     const std::u16string line = ToWide(raw);

@@ -36,7 +36,7 @@ std::string SystemReason(const std::error_code& error) {
 void TellUser(std::string_view line) {
     Progress::Clear();
     std::cout.flush();  // what was printed stands before what is told of it
-    WriteToErrors("orvale: " + std::string(line) + "\n");
+    WriteToErrors({"orvale: ", line, "\n"});
 }
 
 std::string Quote(std::string_view text) {

@@ -80,11 +80,14 @@ const FormatRow& FormatOfName(std::string_view name) {
 }
 
 const FormatRow* DetectFormat(const std::filesystem::path& path) {
-    const FormatInfo* const info = DetectByContent(path);
+    const std::optional<std::string> head = ReadHead(path);
+    std::error_code error;
+    const std::uint64_t size = std::filesystem::file_size(path, error);
+    if (!head || error) FailFile(path.string(), "", "can't be read");
+    const FormatInfo* const info = DetectByContent(*head, size);
     const FormatRow* const found = info != nullptr ? RowOf(info->name) : nullptr;
-    if (const std::optional<std::string> head = ReadHead(path))
-        for (const FormatRow& row : kOwnFormats)
-            if (row.own->claims(path, *head, found)) return RowOf(row.name);
+    for (const FormatRow& row : kOwnFormats)
+        if (row.own->claims(path, *head, found)) return RowOf(row.name);
     return found != nullptr ? found : FormatOfExtension(path, std::nullopt);
 }
 

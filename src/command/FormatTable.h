@@ -57,7 +57,8 @@ std::span<const FormatRow> FormatTable();
 /// The row of a name. Ends the work with a usage error that names what is near, if there is no such format.
 const FormatRow& FormatOfName(std::string_view name);
 
-/// The format of a file that is there: by its content, then by its extension; null if neither tells.
+/// The format of a file that is there: by its content, then by its extension; null if neither tells. Ends the work
+/// where the file can't be read.
 const FormatRow* DetectFormat(const std::filesystem::path& path);
 
 /// The format of the files in a folder that stands for them: the one whose files hold one record each.

@@ -6,6 +6,7 @@ namespace orvale {
 
 void JoinedInputs::OpenNext() {
     input_ = std::make_unique<RecordInput>(library_, names_[place_]);
+    RequireHeader(*input_);  // it was readable a moment ago
     if (!profile_) profile_ = input_->GetProfile();
 }
 

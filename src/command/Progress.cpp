@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 
 constexpr auto kSoonDone = 500ms;
 constexpr auto kBetweenLines = 100ms;
-const std::string kEraseLine = "\r\x1B[K";
+constexpr std::string_view kEraseLine = "\r\x1B[K";
 
 bool lineStands = false;
 
@@ -28,12 +28,12 @@ void Progress::Look(std::size_t count, std::size_t total) {
     due_ = now + kBetweenLines;
     const std::string far =
         total == 0 ? std::to_string(count) + " records" : std::to_string(100 * count / total) + " %";
-    WriteToErrors(kEraseLine + what_ + ": " + far);
+    WriteToErrors({kEraseLine, what_, ": ", far});
     lineStands = true;
 }
 
 void Progress::Clear() {
-    if (lineStands) WriteToErrors(kEraseLine);
+    if (lineStands) WriteToErrors({kEraseLine});
     lineStands = false;
 }
 

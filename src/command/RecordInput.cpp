@@ -8,6 +8,7 @@
 #include "command/ColumnScan.h"
 #include "command/CommandError.h"
 #include "command/Profiles.h"
+#include "platform/Text.h"
 
 namespace orvale {
 namespace {
@@ -18,7 +19,35 @@ bool OnlyWhiteSpaceFrom(const std::filesystem::path& path, std::uint64_t offset)
     in.seekg(static_cast<std::streamoff>(offset));
     for (char c = 0; in.get(c);)
         if (std::strchr(" \t\r\n\v\f", c) == nullptr || c == '\0') return false;
+    if (!in.eof()) FailFile(path.string(), "", "can't be read");
     return true;
+}
+
+// More contacts than a document holds: how often one begins in its text, whether its characters take one byte or two,
+// and some that an entity may make of one. A reader that asks more often than that costs the file's length squared.
+std::size_t MostContacts(const std::string& name) {
+    constexpr std::string_view kContact = "<contact";
+    constexpr std::string_view kEntity = "<!entity";
+    constexpr std::size_t kByEntities = 1000;
+    CFile in;
+    if (in.Open(FromUtf8(name).c_str(), CFile::kModeRead, nullptr) == 0) FailFile(name, "", "can't be read");
+    std::size_t count = 0;
+    bool declares = false;
+    std::string tag;  // what was read of one, as far as it could be one of the two
+    for (; !in.AtEnd(); in.Skip(in.Ahead().size())) {
+        const std::string_view block = in.Ahead();
+        for (std::size_t i = 0; i < block.size(); ++i) {
+            if (tag.empty()) i = std::min(block.find('<', i), block.size());
+            if (i == block.size()) break;
+            if (block[i] == '\0') continue;
+            if (block[i] == '<') tag.clear();
+            tag.push_back(block[i] >= 'A' && block[i] <= 'Z' ? static_cast<char>(block[i] + 32) : block[i]);
+            if (tag == kContact) ++count;
+            declares = declares || tag == kEntity;
+            if (!kContact.starts_with(tag) && !kEntity.starts_with(tag)) tag.clear();
+        }
+    }
+    return declares ? count + kByEntities : count;
 }
 
 // Where a record of the native SMS file ends by its own lengths, each of which stands before its text.
@@ -64,10 +93,7 @@ RecordInput::RecordInput(const LoadedLibrary& library, const InputName& input) :
     verifyCode_ = file_->Verify();
     wholeEnd_ = file_->Position();
     length_ = file_->Length();
-    constexpr std::uintmax_t kSmallestRecord = 10;  // bytes: "<contact/>"
-    std::error_code error;
-    const std::uintmax_t size = std::filesystem::file_size(input.path, error);
-    if (!error) mostZeros_ = static_cast<std::size_t>(size / kSmallestRecord + 1);
+    if (input.format->endRule == EndRule::kAskAgain) mostZeros_ = MostContacts(input.path) + 1;
 }
 
 // The reader of native SMS gives a record that the file cuts off as if it were whole, its texts cut or empty. Only the
@@ -78,6 +104,12 @@ bool RecordInput::IsCutRecord(const CSMSItem& sms) const {
     constexpr std::size_t kNumbers = 7 * 4;  // three values and four lengths
     const std::size_t units = sms.name.size() + sms.phonenumber.size() + sms.content.size() + sms.time.size();
     return end - wholeEnd_ != kNumbers + 2 * units || EndOfSmsRecord(input_.path, wholeEnd_) != end;
+}
+
+// A suite gives 0 at its end and where memory ran out. After that its object does nothing any more.
+void RecordInput::RequireEnd() {
+    if (headerRead_ && IsSuite(*input_.format) && !file_->ReadHeader())
+        FailFile(input_.name, "record " + std::to_string(count_ + 1), "can't be read");
 }
 
 std::optional<std::uint64_t> RecordInput::BrokenAt() {
@@ -99,7 +131,6 @@ InputName ResolveFile(const std::string& name, const std::string& formatName) {
     if (!formatName.empty()) return {name, name, &FormatOfName(formatName), true};
     const FormatRow* const format = DetectFormat(name);
     if (format == nullptr) {
-        if (!ReadHead(name)) FailFile(name, "", "can't be read");
         FailFile(name, "", "not recognised as any format");
     }
     return {name, name, format, false};
@@ -214,9 +245,13 @@ std::string HeaderReason(const RecordInput& input) {
     return why.empty() ? reason : reason + ": " + why;
 }
 
+void RequireHeader(const RecordInput& input) {
+    if (!input.HeaderRead()) FailFile(input.Name().name, "", HeaderReason(input));
+}
+
 void RequireReadable(const RecordInput& input) {
+    RequireHeader(input);
     const std::string& name = input.Name().name;
-    if (!input.HeaderRead()) FailFile(name, "", HeaderReason(input));
     if (input.Verify() == VERIFY_OK) return;
     const std::string code = VerifyName(input.Verify());
     const std::string reason =

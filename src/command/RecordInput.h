@@ -81,10 +81,13 @@ class RecordInput {
         const Record* record = headerRead_ && !ended_ ? file_->Read<Record>() : nullptr;
         if (input_.format->endRule == EndRule::kAskAgain && headerRead_ && !ended_) record = AskAgain(record);
         ended_ = record == nullptr || IsCutRecord(*record);
+        if (record == nullptr) RequireEnd();
         if (ended_) return nullptr;
         wholeEnd_ = file_->Position();
         return record;
     }
+
+    void RequireEnd();
 
     // Tells the end from records that can't be read, of which the file object gives 0 as well: it is asked until a
     // record comes. Behind the end that is the first one again.
@@ -123,7 +126,7 @@ class RecordInput {
     SharedProfile profile_;
     std::u16string firstRecord_;  // as one text; empty before there is one
     std::size_t leadingZeros_ = 0;
-    std::size_t mostZeros_ = 1;  // more than a file of this size has records
+    std::size_t mostZeros_ = 1;  // more than the file has records
     std::size_t passedOver_ = 0;
     bool headerRead_ = true;
     std::int32_t verifyCode_ = VERIFY_OK;
@@ -150,8 +153,10 @@ std::string PassedOverText(std::size_t count);
 /// Why a header that couldn't be read could not be, as far as its format and the verify code tell.
 std::string HeaderReason(const RecordInput& input);
 
-/// Ends the work with the reason where the header couldn't be read, or the verify code is a bad one and the format
-/// wasn't named; a bad code of a named format is told.
+/// Ends the work with the reason where the header couldn't be read.
+void RequireHeader(const RecordInput& input);
+
+/// The same, and where the verify code is a bad one and the format wasn't named; a bad code of a named format is told.
 void RequireReadable(const RecordInput& input);
 
 }  // namespace orvale

@@ -24,6 +24,17 @@ namespace {
 
 constexpr std::size_t kLongestLine = 2048;  // the reader doesn't get past a longer one
 
+// A file whose reader had no trouble with it. What can't be read now would go untold: it ends the work.
+std::ifstream OpenToScan(const std::filesystem::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    if (!in) FailFile(path.string(), "", "can't be read");
+    return in;
+}
+
+void RequireReadToTheEnd(const std::ifstream& in, const std::filesystem::path& path) {
+    if (in.bad()) FailFile(path.string(), "", "can't be read");
+}
+
 struct TextScan {
     Finding joinedLines;        // lines of cards whose key no row of the table holds: they join the value before them
     Finding droppedLines;       // the same before a card's first value, and lines that continue an ignored one: dropped
@@ -141,7 +152,8 @@ class Scanner {
 TextScan ScanVCard(const std::filesystem::path& path, std::uint64_t end) {
     Scanner scanner;
     CFile in;
-    if (in.Open(FromUtf8(path.native()).c_str(), CFile::kModeRead, nullptr) == 0) return scanner.scan;
+    if (in.Open(FromUtf8(path.native()).c_str(), CFile::kModeRead, nullptr) == 0)
+        FailFile(path.string(), "", "can't be read");
     std::string store;
     std::string_view raw;
     std::uint64_t offset = 0;
@@ -156,7 +168,7 @@ TextScan ScanVCard(const std::filesystem::path& path, std::uint64_t end) {
 // The reader takes the whole file.
 TextScan ScanVCalendar(const std::filesystem::path& path, std::uint64_t) {
     TextScan scan;
-    std::ifstream in(path, std::ios::binary);
+    std::ifstream in = OpenToScan(path);
     TextConverter converter;
     std::string raw;
     std::size_t entries = 0;
@@ -183,6 +195,7 @@ TextScan ScanVCalendar(const std::filesystem::path& path, std::uint64_t) {
             (hasValue ? scan.joinedLines : scan.droppedLines).Add(number);
         continues = line.ends_with(u'=');
     }
+    RequireReadToTheEnd(in, path);
     return scan;
 }
 
@@ -190,7 +203,7 @@ TextScan ScanSsy(const std::filesystem::path& path, std::uint64_t end) {
     constexpr std::size_t kHeaderSize = 54;
     TextScan scan;
     scan.unit = "record";
-    std::ifstream in(path, std::ios::binary);
+    std::ifstream in = OpenToScan(path);
     in.seekg(kHeaderSize);
     TextConverter converter;
     std::string raw;
@@ -210,6 +223,7 @@ TextScan ScanSsy(const std::filesystem::path& path, std::uint64_t end) {
             },
             [&](const std::u16string&) { scan.droppedItems.Add(number); });
     }
+    RequireReadToTheEnd(in, path);
     return scan;
 }
 

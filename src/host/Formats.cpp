@@ -189,13 +189,16 @@ std::optional<std::string> ReadHead(const std::filesystem::path& path) {
 
 const FormatInfo* DetectByContent(const std::filesystem::path& path) {
     const std::optional<std::string> head = ReadHead(path);
-    if (!head) return nullptr;
     std::error_code error;
     const std::uint64_t size = std::filesystem::file_size(path, error);
+    return head && !error ? DetectByContent(*head, size) : nullptr;
+}
+
+const FormatInfo* DetectByContent(std::string_view head, std::uint64_t size) {
     const FormatInfo* best = nullptr;
     Likeness most = Likeness::kNone;
     for (const FormatInfo& row : kFormats) {
-        const Likeness likeness = row.looksLike(*head, error ? 0 : size);
+        const Likeness likeness = row.looksLike(head, size);
         if (likeness <= most) continue;
         best = &row;
         most = likeness;

@@ -84,6 +84,9 @@ const FormatInfo* FindFormat(std::string_view name);
 /// The format that the file's content tells most surely, or null. A file that can't be read tells none.
 const FormatInfo* DetectByContent(const std::filesystem::path& path);
 
+/// The same of a file that begins so; `size` is that of the whole file.
+const FormatInfo* DetectByContent(std::string_view head, std::uint64_t size);
+
 /// The first bytes of a file, as many as detection looks at; none if it can't be read.
 std::optional<std::string> ReadHead(const std::filesystem::path& path);
 

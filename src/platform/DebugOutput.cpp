@@ -3,9 +3,11 @@
 #include <pthread.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <ctime>
+#include <utility>
 
 #include "platform/Text.h"
 
@@ -38,10 +40,7 @@ class BrokenPipeHeldOff {
     bool wasPending_;
 };
 
-}  // namespace
-
-void WriteToErrors(std::string_view bytes) noexcept {
-    const BrokenPipeHeldOff guard;
+void WriteAll(std::string_view bytes) noexcept {
     while (!bytes.empty()) {
         const ssize_t written = ::write(STDERR_FILENO, bytes.data(), bytes.size());
         if (written < 0 && errno == EINTR) continue;
@@ -50,9 +49,26 @@ void WriteToErrors(std::string_view bytes) noexcept {
     }
 }
 
+}  // namespace
+
+void WriteToErrors(std::initializer_list<std::string_view> parts) noexcept {
+    const BrokenPipeHeldOff guard;
+    std::array<char, 4096> gathered;
+    std::size_t size = 0;
+    for (std::string_view part : parts) {
+        while (!part.empty()) {
+            if (size == gathered.size()) WriteAll({gathered.data(), std::exchange(size, 0)});
+            const std::size_t taken = part.copy(gathered.data() + size, gathered.size() - size);
+            size += taken;
+            part.remove_prefix(taken);
+        }
+    }
+    WriteAll({gathered.data(), size});
+}
+
 void WriteDebugOutput(std::u16string_view text) noexcept {
     try {
-        WriteToErrors(ToUtf8(text));
+        WriteToErrors({ToUtf8(text)});
     } catch (...) {  // no memory: the text is dropped
     }
 }

@@ -1,16 +1,16 @@
 #include "platform/Unfinished.h"
 
+#include <dirent.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <ctime>
 #include <filesystem>
+#include <memory>
 #include <random>
 
 namespace orvale {
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr std::string_view kBegin = ".orvale-";
 constexpr std::string_view kEnd = ".tmp";
@@ -34,14 +34,18 @@ std::string UnfinishedName(std::string_view path) {
     return FolderOf(path).append(kBegin).append(std::to_string(random())).append(kEnd);
 }
 
+// Not by the library's own way through a folder, which ends the process where it finds no memory.
 void RemoveLeftovers(std::string_view path) noexcept {
     try {
         const std::string folder = FolderOf(path);
-        for (const auto& entry : fs::directory_iterator(folder.empty() ? "." : folder)) {
-            const std::string name = entry.path().filename().string();
+        const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.empty() ? "." : folder.c_str()), &closedir);
+        if (entries == nullptr) return;
+        while (const dirent* const entry = readdir(entries.get())) {
+            const std::string_view name = entry->d_name;
+            if (!name.starts_with(kBegin) || !name.ends_with(kEnd)) continue;
+            const std::string leftover = folder + entry->d_name;
             std::error_code ignored;
-            if (name.starts_with(kBegin) && name.ends_with(kEnd) && IsLeftover(entry.path().native()))
-                fs::remove_all(entry.path(), ignored);
+            if (IsLeftover(leftover)) std::filesystem::remove_all(leftover, ignored);
         }
     } catch (...) {
     }

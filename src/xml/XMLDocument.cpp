@@ -47,20 +47,36 @@ Made* Required(Made* made) {
     return made;
 }
 
-/// Keeps the library's messages of this thread from the host's handlers and from standard error while it lives.
+/// Keeps the library's messages of this thread from the host's handlers and from standard error while it lives, and
+/// hears of a want of memory, of which the library's results often say nothing.
 class QuietLibrary {
  public:
     QuietLibrary() {
-        xmlSetStructuredErrorFunc(nullptr, [](void*, auto) {});
+        xmlSetStructuredErrorFunc(this, [](void* self, auto error) { static_cast<QuietLibrary*>(self)->Hear(*error); });
     }
     ~QuietLibrary() { xmlSetStructuredErrorFunc(context_, handler_); }
     QuietLibrary(const QuietLibrary&) = delete;
     QuietLibrary& operator=(const QuietLibrary&) = delete;
 
+    bool HeardShortage() const { return shortage_; }
+
  private:
+    void Hear(const xmlError& error) { shortage_ = shortage_ || error.code == XML_ERR_NO_MEMORY; }
+
+    bool shortage_ = false;
     xmlStructuredErrorFunc handler_ = xmlStructuredError;
     void* context_ = xmlStructuredErrorContext;
 };
+
+// The library sets itself up at its first use, and two threads that meet there both do: its mutexes are made twice.
+void SetUpLibrary() {
+    static const bool done = [] {
+        const QuietLibrary quiet;
+        xmlInitParser();
+        return true;
+    }();
+    static_cast<void>(done);
+}
 
 // ---- nodes
 
@@ -206,6 +222,16 @@ void DropBlanksBehind(const xmlNode* parent, const xmlNode* child) {
 constexpr int kMostAttributes = 1000;            // of an element; namespaces in scope likewise
 constexpr std::int64_t kMostDefaulted = 100000;  // of the whole document
 
+// What one parse knows beside the library: for the document and its entities together.
+struct ParseState {
+    std::int64_t defaulted = 0;  // attributes that were declared by default and not written
+    bool shortage = false;       // of memory; further errors come of it and hide it
+};
+
+ParseState* State(const xmlParserCtxt& parser) {
+    return static_cast<ParseState*>(parser._private);
+}
+
 // Refuses the document that is being parsed.
 void Refuse(xmlParserCtxt& parser) {
     xmlStopParser(&parser);
@@ -226,9 +252,9 @@ void StartElement(void* context, const xmlChar* name, const xmlChar* prefix, con
                   const xmlChar** namespaces, int attributeCount, int defaultedCount,
                   const xmlChar** attributes) noexcept {
     xmlParserCtxt& parser = Parser(context);
-    auto* const defaulted = static_cast<std::int64_t*>(parser._private);  // one for the document and its entities
-    if (attributeCount + namespaceCount > kMostAttributes || parser.nsNr / 2 > kMostAttributes ||
-        defaulted == nullptr || (*defaulted += defaultedCount) > kMostDefaulted)
+    ParseState* const state = State(parser);
+    if (attributeCount + namespaceCount > kMostAttributes || parser.nsNr / 2 > kMostAttributes || state == nullptr ||
+        (state->defaulted += defaultedCount) > kMostDefaulted)
         return Refuse(parser);
     if (parser.node != nullptr) DropBlanksBehind(parser.node, LastElement(parser.node));
     constexpr std::size_t kFields = 5;  // name, prefix, namespace, first and last of the value
@@ -257,7 +283,10 @@ void StartElement(void* context, const xmlChar* name, const xmlChar* prefix, con
     } catch (...) {
         isNamed = false;
     }
-    if (!isNamed) return Refuse(parser);
+    if (!isNamed) {
+        parser.errNo = XML_ERR_NO_MEMORY;
+        return Refuse(parser);
+    }
     // Attributes by default count like those that are written.
     xmlSAX2StartElementNs(context, wholeName, nullptr, nullptr, 0, nullptr, namespaceCount + attributeCount, 0,
                           list.data());
@@ -299,6 +328,8 @@ void DeclareEntity(void* context, const xmlChar* name, int type, const xmlChar* 
 // lost.
 void HearError(void* context, const xmlError* error) noexcept {
     if (error->code == XML_WAR_UNDECLARED_ENTITY) Parser(context).wellFormed = 0;
+    ParseState* const state = State(Parser(context));
+    if (error->code == XML_ERR_NO_MEMORY && state != nullptr) state->shortage = true;
 }
 
 // The handlers that a host may have set for all parsers of the process don't count here.
@@ -325,16 +356,21 @@ constexpr int kParserOptions =
 
 template <class Read>
 DocumentPtr Parse(Read read) {
+    SetUpLibrary();
     const QuietLibrary quiet;
     struct FreeParser {
         void operator()(xmlParserCtxt* parser) const { xmlFreeParserCtxt(parser); }
     };
     const std::unique_ptr<xmlParserCtxt, FreeParser> parser(Required(xmlNewParserCtxt()));
     SetHandlers(*parser);
-    std::int64_t defaulted = 0;
-    parser->_private = &defaulted;
+    ParseState state;
+    parser->_private = &state;
     DocumentPtr document(read(parser.get()));
-    if (parser->errNo == XML_ERR_NO_MEMORY || parser->lastError.code == XML_ERR_NO_MEMORY) throw std::bad_alloc();
+    // Not all of the library tells of a want of memory; a text that doesn't parse has an error of its own.
+    const int error = parser->errNo != XML_ERR_OK ? parser->errNo : parser->lastError.code;
+    if (quiet.HeardShortage() || state.shortage || error == XML_ERR_NO_MEMORY ||
+        (document == nullptr && error == XML_ERR_OK))
+        throw std::bad_alloc();
     return document;
 }
 
@@ -375,6 +411,7 @@ DocumentPtr ParseText(std::u16string_view text) {
 }
 
 DocumentPtr NewDocument() {
+    SetUpLibrary();
     DocumentPtr document(Required(xmlNewDoc(BAD_CAST "1.0")));
     document->dict = Required(xmlDictCreate());
     return document;
@@ -406,7 +443,7 @@ bool WriteDocument(xmlDoc* document, orvale::AtomicFile& file) {
     if (save == nullptr) return false;
     const bool written = xmlSaveDoc(save, document) >= 0;
     const bool closed = xmlSaveClose(save) >= 0;
-    return written && closed && !sink.failed;
+    return written && closed && !sink.failed && !quiet.HeardShortage();
 }
 
 }  // namespace

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <array>
-#include <fstream>
 
+#include "command/CommandError.h"
 #include "command/exchange/VcfReader.h"
 #include "command/exchange/VcfTable.h"
 #include "command/exchange/VcfWriter.h"
+#include "platform/File.h"
+#include "platform/Text.h"
 #include "records/VCardKeys.h"
 
 namespace orvale {
@@ -115,12 +117,14 @@ bool IsBeyondTheModule(const std::filesystem::path& path, std::string_view head,
 
 bool VCardReaderTakesAll(const std::filesystem::path& path) {
     LineJudge judge;
-    std::ifstream in(path, std::ios::binary);
+    CFile in;
+    if (in.Open(FromUtf8(path.native()).c_str(), CFile::kModeRead, nullptr) == 0)
+        FailFile(path.string(), "", "can't be read");
     std::string buffer(64 * 1024, '\0');
     std::size_t kept = 0;  // bytes of a line whose end isn't there yet
-    while (in) {
-        in.read(buffer.data() + kept, static_cast<std::streamsize>(buffer.size() - kept));
-        std::string_view text(buffer.data(), kept + static_cast<std::size_t>(in.gcount()));
+    while (!in.AtEnd()) {
+        const std::uint32_t got = in.Read(buffer.data() + kept, static_cast<std::uint32_t>(buffer.size() - kept));
+        std::string_view text(buffer.data(), kept + got);
         for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
             if (!judge.Takes(text.substr(0, end))) return false;
             text.remove_prefix(end + 1);

@@ -9,6 +9,19 @@
 namespace orvale {
 namespace {
 
+// The library's own way to let go of a value asks for memory, and a destructor must not. Nothing nested is left to it
+// here; a document's depth is bounded.
+void Dismantle(Json& value) noexcept {
+    for (Json& inner : value)
+        if (inner.is_structured()) Dismantle(inner);
+    value.clear();
+}
+
+void Delete(Json* value) noexcept {
+    if (value->is_structured()) Dismantle(*value);
+    delete value;
+}
+
 // Builds the value as the parser tells of it, and keeps the path to where it stands.
 class Builder : public nlohmann::json_sax<Json> {
  public:
@@ -42,7 +55,7 @@ class Builder : public nlohmann::json_sax<Json> {
         FailFile(file_, "line " + std::to_string(line), "no JSON here");
     }
 
-    Json Take() { return std::move(root_); }
+    std::shared_ptr<Json> Take() { return std::move(root_); }
 
  private:
     // An object or list that hasn't ended yet, and the key that was told last in it.
@@ -58,7 +71,7 @@ class Builder : public nlohmann::json_sax<Json> {
     }
 
     Json& Add(Json value) {
-        if (open_.empty()) return root_ = std::move(value);
+        if (open_.empty()) return *root_ = std::move(value);
         Json& parent = *open_.back().value;
         if (!parent.is_array()) return *member_ = std::move(value);
         parent.push_back(std::move(value));
@@ -86,7 +99,7 @@ class Builder : public nlohmann::json_sax<Json> {
     std::string_view file_;
     std::string_view place_;
     std::size_t firstLine_;
-    Json root_;
+    std::shared_ptr<Json> root_{new Json, &Delete};
     std::vector<Level> open_;
     Json* member_ = nullptr;  // that the key stands for which was told last
 };
@@ -96,7 +109,7 @@ class Builder : public nlohmann::json_sax<Json> {
 JsonPointer ParseJson(std::string_view text, std::string_view file, std::string_view place, std::size_t firstLine) {
     Builder builder(text, file, place, firstLine);
     Json::sax_parse(text, &builder);
-    return std::make_shared<const Json>(builder.Take());
+    return builder.Take();
 }
 
 }  // namespace orvale
