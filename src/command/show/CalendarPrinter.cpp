@@ -1,9 +1,9 @@
 #include <algorithm>
-#include <cstdlib>
 #include <optional>
 #include <sstream>
 #include <tuple>
 
+#include "command/Wording.h"
 #include "command/show/RecordPrinter.h"
 #include "command/show/Titles.h"
 #include "host/Facts.h"
@@ -12,32 +12,6 @@
 
 namespace orvale {
 namespace {
-
-constexpr const char16_t* kMonths[] = {u"January", u"February", u"March",     u"April",   u"May",      u"June",
-                                       u"July",    u"August",   u"September", u"October", u"November", u"December"};
-
-constexpr std::int32_t kWorkdays = CAL_MONDAY | CAL_TUESDAY | CAL_WEDNESDAY | CAL_THURSDAY | CAL_FRIDAY;
-
-std::u16string Widen(std::string_view ascii) {
-    return {ascii.begin(), ascii.end()};
-}
-
-std::u16string MonthName(int month) {
-    return month >= 1 && month <= 12 ? std::u16string(kMonths[month - 1]) : Format(u"month %d", month);
-}
-
-std::u16string DayText(const CalendarFields& f) {
-    const std::string_view weekday = kWeekdays[DayOfWeek(f)].caption;
-    return Format(u"%s, %d %s %d", Widen(weekday), f.day, MonthName(f.month), f.year);
-}
-
-bool SameDay(const CalendarFields& a, const CalendarFields& b) {
-    return a.year == b.year && a.month == b.month && a.day == b.day;
-}
-
-std::optional<CalendarFields> FieldsOf(const DateValue& date) {
-    return date.IsNone() ? std::nullopt : date.Fields();
-}
 
 // Whether the end stands beside the start: on the same day, and short enough to fit. Any other end has a row of its
 // own.
@@ -57,57 +31,6 @@ std::u16string TimeText(const CCalendarItem& item) {
     return text;
 }
 
-std::u16string Every(std::int32_t interval, std::u16string_view unit) {
-    return interval <= 1 ? Format(u"every %s", unit) : Format(u"every %d %ss", interval, unit);
-}
-
-std::u16string WeekdaysText(std::int32_t mask) {
-    if (mask == kWorkdays) return u"workdays";
-    return Widen(FlagsCaption(kWeekdays, mask));
-}
-
-// The recurrence in words; what the phone's own combinations don't explain is told as the numbers that it is.
-std::u16string RecurrenceText(const CCalendarItem& item) {
-    std::u16string text;
-    const bool onWeekday = item.recurinstance != 0;
-    const std::u16string days = WeekdaysText(item.recurweekmask);
-    switch (item.recurtype) {
-        case RECURS_DAILY:
-            text = Every(item.recurinterval, u"day");
-            break;
-        case RECURS_WEEKLY:
-            text = Every(item.recurinterval, u"week");
-            if (item.recurweekmask == kWorkdays && item.recurinterval == 0)
-                text = u"every workday";
-            else if (item.recurweekmask != 0)
-                text += u" on " + days;
-            break;
-        case RECURS_MONTHLY:
-            text = Every(item.recurinterval, u"month");
-            if (!onWeekday)
-                text += Format(u" on day %d", item.recurday);
-            else if (item.recurweekmask != 0)
-                text += u" on " + days;
-            break;
-        case RECURS_YEARLY:
-            text = Every(item.recurinterval, u"year");
-            if (!onWeekday)
-                text += Format(u" on %d %s", item.recurday, MonthName(item.recurmonth));
-            else
-                text += (item.recurweekmask != 0 ? u" on " + days : u"") + u" in " + MonthName(item.recurmonth);
-            break;
-        default:
-            text =
-                Widen(ValueCaption(kRecurrences, item.recurtype)) +
-                Format(u" (day %d, month %d, instance %d, weekday %d, weekdays %d, interval %d)", item.recurday,
-                       item.recurmonth, item.recurinstance, item.recurweekday, item.recurweekmask, item.recurinterval);
-            break;
-    }
-    if (item.recurrepeat != 0) text += Format(item.recurrepeat == 1 ? u", %d time" : u", %d times", item.recurrepeat);
-    if (item.recurhasenddate != 0 && !item.recurenddate.IsNone()) text += u", until " + DateText(item.recurenddate);
-    return text;
-}
-
 void PrintRows(Screen& screen, const CCalendarItem& item, const CCalendarField* shown) {
     const auto number = [&](const char* label, std::int32_t value) {
         if (value != 0) screen.Row(label, Format(u"%d", value));
@@ -119,9 +42,7 @@ void PrintRows(Screen& screen, const CCalendarItem& item, const CCalendarField* 
     }
     if (!item.dtend.IsNone() && !EndsOnTheDay(item)) screen.Row("ends", DateText(item.dtend));
     if (item.recurtype != RECURS_NONE) screen.Row("repeats", RecurrenceText(item));
-    if (item.remindermin != 0)
-        screen.Row("alarm", Format(u"%d minutes %s", std::abs(static_cast<std::int64_t>(item.remindermin)),
-                                   item.remindermin > 0 ? u"before" : u"after"));
+    if (item.remindermin != 0) screen.Row("alarm", AlarmText(item));
     if (item.priority != CAL_TASK_PRIORITY_NORMAL)
         screen.Row("priority", Widen(ValueCaption(kTaskPriorities, item.priority)));
     if (item.category != CATE_MISCELLANEOUS)

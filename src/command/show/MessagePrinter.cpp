@@ -1,3 +1,4 @@
+#include "command/Wording.h"
 #include "command/show/RecordPrinter.h"
 #include "command/show/Titles.h"
 #include "host/Facts.h"
@@ -6,20 +7,6 @@
 #include "platform/Text.h"
 
 namespace orvale {
-namespace {
-
-std::u16string Widen(std::string_view ascii) {
-    return {ascii.begin(), ascii.end()};
-}
-
-std::u16string Joined(const std::vector<std::u16string>& texts) {
-    std::u16string all;
-    for (const std::u16string& text : texts)
-        all += (all.empty() ? u"" : u", ") + text;
-    return all;
-}
-
-}  // namespace
 
 void RecordPrinter<CSMSItem>::Print(const CSMSItem& sms) {
     if (count_++ != 0) screen_.EndLine();

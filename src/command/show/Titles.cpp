@@ -1,16 +1,8 @@
 #include "command/show/Titles.h"
 
+#include "command/Wording.h"
+
 namespace orvale {
-namespace {
-
-std::u16string TextOf(const CContactItem& contact, std::int32_t type) {
-    std::int32_t index = 0;
-    const CContactField* const field = contact.FindField(type, index);
-    return field != nullptr ? field->Data : std::u16string();
-}
-
-}  // namespace
-
 // The full name, else the other names in the order in which they are said; else the first value that there is.
 std::u16string TitleOf(const CContactItem& contact) {
     if (std::u16string full = TextOf(contact, CF_FULL_NAME); !full.empty()) return full;
