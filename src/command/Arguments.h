@@ -8,6 +8,7 @@
 #include "command/Diff.h"
 #include "command/Show.h"
 #include "command/Verbs.h"
+#include "command/View.h"
 #include "command/show/Screen.h"
 
 namespace orvale {
@@ -23,6 +24,7 @@ struct Arguments {
     std::optional<int> codePage;
     ShowOrder show;        ///< the options of show; the others are set by the command
     DiffOrder diff;        ///< the same of diff
+    ViewOrder view;        ///< the options of view; its files are set by the command
     ConvertOrder convert;  ///< the options of convert; its files are set by the command
 };
 

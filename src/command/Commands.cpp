@@ -10,6 +10,7 @@
 #include "command/Info.h"
 #include "command/LogCommand.h"
 #include "command/Show.h"
+#include "command/View.h"
 #include "command/json/FormatsJson.h"
 #include "command/show/Screen.h"
 #include "platform/Interrupt.h"
@@ -86,6 +87,12 @@ ExitCode RunCommand(const Arguments& arguments) {
             order.format = arguments.format;
             order.json = arguments.json;
             return Diff(LoadModule(arguments.module), order);
+        }
+        case Verb::kView: {
+            ViewOrder order = arguments.view;
+            order.files = arguments.files;
+            order.format = arguments.format;
+            return View(LoadModule(arguments.module), order);
         }
         case Verb::kConvert: {
             ConvertOrder order = arguments.convert;

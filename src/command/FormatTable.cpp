@@ -13,6 +13,7 @@
 #if ORVALE_GMIME
 #include "command/exchange/MboxFile.h"
 #endif
+#include "command/html/HtmlDocument.h"
 #include "command/json/JsonDocument.h"
 
 namespace orvale {
@@ -28,6 +29,7 @@ constexpr FormatRow kOwnFormats[] = {
 #if ORVALE_GMIME
     {"mbox", Kind::kEmail, ".mbox", std::nullopt, true, EndRule::kNone, ProfileShape::kNone, &kMboxFormat},
 #endif
+    {"html", std::nullopt, ".html", std::nullopt, true, EndRule::kNone, ProfileShape::kAny, &kHtmlFormat},
 };
 
 const std::vector<FormatRow>& Table() {

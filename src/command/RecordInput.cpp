@@ -127,9 +127,17 @@ std::string PlaceOfDamage(const RecordInput& input, std::uint64_t offset) {
 
 namespace {
 
+const FormatRow& ReadableFormat(const std::string& name) {
+    const FormatRow& format = FormatOfName(name);
+    if (!format.Reads()) FailUsage("the format " + std::string(format.name) + " is only written, never read");
+    return format;
+}
+
 InputName ResolveFile(const std::string& name, const std::string& formatName) {
-    if (!formatName.empty()) return {name, name, &FormatOfName(formatName), true};
+    if (!formatName.empty()) return {name, name, &ReadableFormat(formatName), true};
     const FormatRow* const format = DetectFormat(name);
+    if (format != nullptr && !format->Reads())
+        FailFile(name, "", "the format " + std::string(format->name) + " is only written, never read");
     if (format == nullptr) {
         FailFile(name, "", "not recognised as any format");
     }
@@ -211,7 +219,7 @@ void RequireOneStandardInput(std::span<const std::string> names) {
 }
 
 std::vector<InputName> ResolveInputs(const std::vector<std::string>& names, const std::string& formatName) {
-    if (!formatName.empty()) FormatOfName(formatName);  // a wrong word is told before a wrong file
+    if (!formatName.empty()) ReadableFormat(formatName);  // a wrong word is told before a wrong file
     RequireOneStandardInput(names);
     std::vector<InputName> inputs;
     for (const std::string& name : names) {

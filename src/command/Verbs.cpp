@@ -21,6 +21,10 @@ constexpr Example kShowExamples[] = {
     {"orvale show --profile-only phonebook.xml", "What the phone of a phonebook suite can store"},
 };
 
+constexpr Example kViewExamples[] = {
+    {"orvale view --output phone.html contacts.qzs calendar.cal messages.sms mails.eml", "A whole phone on one page"},
+};
+
 constexpr Example kDiffExamples[] = {
     {"orvale diff messages.json messages.sms", "Whether two files hold the same messages, whatever their formats"},
     {"orvale diff --json calendar.json calendar.cal", "The same for a script"},
@@ -63,6 +67,18 @@ constexpr VerbRow kVerbs[] = {
      "that orvale(5) lists, and by \"Type N\"; --profile names others, as {\"columns\": [{\"caption\": \"Handy\", "
      "\"type\": 104}]}.",
      kShowExamples},
+    {Verb::kView,
+     "view",
+     {"FILE...", Values::kFiles},
+     1,
+     kAnyNumber,
+     "show the records of files as a page in the browser",
+     "Files of several kinds make one page: contacts, calendar, messages as threads, mails. It needs no network, and "
+     "stays "
+     "in the folder for temporary files, readable by you alone. Where no browser opens, a line tells where it is and "
+     "the "
+     "result is 1. Of a damaged file what came whole is on the page.",
+     kViewExamples},
     {Verb::kDiff,
      "diff",
      {"FILE FILE", Values::kFiles},

@@ -7,7 +7,7 @@
 
 namespace orvale {
 
-enum class Verb { kFormats, kInfo, kShow, kDiff, kConvert, kLog, kHelp, kVersion };
+enum class Verb { kFormats, kInfo, kShow, kView, kDiff, kConvert, kLog, kHelp, kVersion };
 
 /// What may stand in a place of the command line; the shells complete it by that.
 enum class Values { kNone, kFiles, kInputFormats, kOutputFormats, kVerbs, kChoices, kOther };

@@ -36,15 +36,15 @@ std::size_t ReadStandardInput(char* bytes, std::size_t most) {
 
 }  // namespace
 
-TemporaryFile::TemporaryFile() {
-    path_ = (std::filesystem::temp_directory_path() / "orvale-XXXXXX").string();
-    descriptor_ = mkostemp(path_.data(), O_CLOEXEC);
+TemporaryFile::TemporaryFile(std::string_view ending) {
+    path_ = (std::filesystem::temp_directory_path() / "orvale-XXXXXX").string().append(ending);
+    descriptor_ = mkostemps(path_.data(), static_cast<int>(ending.size()), O_CLOEXEC);
     if (descriptor_ < 0) Throw("create");
 }
 
 TemporaryFile::~TemporaryFile() {
     close(descriptor_);
-    unlink(path_.c_str());
+    if (!kept_) unlink(path_.c_str());
 }
 
 void TemporaryFile::TakeStandardInput() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace orvale {
 
@@ -9,12 +10,16 @@ namespace orvale {
 /// std::system_error.
 class TemporaryFile {
  public:
-    TemporaryFile();
+    /// `ending` is that of the name, such as ".html".
+    explicit TemporaryFile(std::string_view ending = "");
     ~TemporaryFile();
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
 
     const std::string& Path() const { return path_; }
+
+    /// From now on the file doesn't go with the object.
+    void Keep() { kept_ = true; }
 
     /// Appends all that standard input gives, to its end. An interrupt ends the waiting for it.
     void TakeStandardInput();
@@ -22,6 +27,7 @@ class TemporaryFile {
  private:
     std::string path_;
     int descriptor_ = -1;
+    bool kept_ = false;
 };
 
 }  // namespace orvale

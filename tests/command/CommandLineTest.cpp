@@ -32,10 +32,10 @@ TEST_F(CommandLineTest, EndsWithACodeAndOneLine) {
         int exitCode;
         const char* line;
     } kCases[] = {
-        {"", 2, "a verb is missing; the verbs are formats, info, show, diff, convert, log, help ('orvale help'"},
+        {"", 2, "a verb is missing; the verbs are formats, info, show, view, diff, convert, log, help ('orvale help'"},
         {"shwo ann.qzs", 2, "unknown verb 'shwo'; is 'show' meant? (the verbs are formats, info, show"},
         {"verschieben ann.qzs", 2,
-         "unknown verb 'verschieben'; the verbs are formats, info, show, diff, convert, log, help"},
+         "unknown verb 'verschieben'; the verbs are formats, info, show, view, diff, convert, log, help"},
         {"--json info ann.qzs", 2, "unknown verb '--json'; options come behind the verb"},
         {"help shwo", 2, "unknown verb 'shwo'; is 'show' meant?"},
         {"help show info", 2, "too many arguments; help takes [VERB]"},

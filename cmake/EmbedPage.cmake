@@ -1,0 +1,47 @@
+# Makes the source of command/html/EmbeddedPage.h: run as
+#     cmake -D FOLDER=src/command/html -D OUTPUT=EmbeddedPage.cpp -P EmbedPage.cmake
+
+# The base64 of a hash in hexadecimal: 32 bytes are 43 digits of six bits each and one sign that fills up.
+function(to_base64 hex result)
+    set(digits ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/)
+    set(text "")
+    string(APPEND hex "00")
+    foreach(place RANGE 0 63 6)
+        string(SUBSTRING ${hex} ${place} 6 group)
+        foreach(shift 18 12 6 0)
+            math(EXPR digit "(0x${group} >> ${shift}) & 63")
+            string(SUBSTRING ${digits} ${digit} 1 digit)
+            string(APPEND text ${digit})
+        endforeach()
+    endforeach()
+    string(SUBSTRING ${text} 0 43 text)
+    set(${result} "${text}=" PARENT_SCOPE)
+endfunction()
+
+# A file as a constant. A literal of some compilers ends at 64 KiB; adjacent ones are joined.
+function(add_constant name file)
+    file(READ ${FOLDER}/${file} text)
+    string(FIND "${text}" ")page\"" place)
+    if(NOT place EQUAL -1)
+        message(FATAL_ERROR "${file} holds what ends a constant of the source")
+    endif()
+    string(APPEND source "const std::string_view ${name} = R\"page(${text})page\";\n\n")
+    set(source "${source}" PARENT_SCOPE)
+endfunction()
+
+set(source "#include \"command/html/EmbeddedPage.h\"\n\nnamespace orvale {\n\n")
+add_constant(kPageTemplate page.html)
+add_constant(kPageStyle style.css)
+add_constant(kPageScript script.js)
+
+foreach(file style.css script.js)
+    file(SHA256 ${FOLDER}/${file} hex)
+    to_base64(${hex} hash)
+    list(APPEND hashes "'sha256-${hash}'")
+endforeach()
+list(GET hashes 0 style)
+list(GET hashes 1 script)
+set(policy "default-src 'none'; style-src ${style}; script-src ${script}; base-uri 'none'; form-action 'none'")
+string(APPEND policy "; require-trusted-types-for 'script'; trusted-types 'none'")
+string(APPEND source "const std::string_view kPagePolicy =\n    \"${policy}\";\n\n}  // namespace orvale\n")
+file(WRITE ${OUTPUT} "${source}")

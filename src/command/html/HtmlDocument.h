@@ -1,0 +1,10 @@
+#pragma once
+
+#include "command/FormatTable.h"
+
+namespace orvale {
+
+/// The page as a format that is only written.
+extern const OwnFormat kHtmlFormat;
+
+}  // namespace orvale
