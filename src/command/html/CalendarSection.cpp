@@ -145,7 +145,7 @@ void CalendarSection::Put(const CCalendarItem& item) {
     const auto start = FieldsOf(item.dtstart);
     const bool noDate = item.dtstart.Value() == 0.0;  // also where a reader found none in the text
     entries_.push_back({start, start || noDate ? std::string() : "Out of range: " + ToUtf8(DateText(item.dtstart)),
-                        item.itemType == PHONE_TODO_TYPE, item.complete != 0,
+                        item.itemType == PHONE_TODO_TYPE, item.complete != 0, item.recurtype == RECURS_YEARLY,
                         EntryMaker(item, entries_.size()).Make()});
     marks_.Put(item);
 }
@@ -163,9 +163,13 @@ void CalendarSection::Write(std::ostream& out) {
     std::vector<std::size_t> order(entries_.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
     std::stable_sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
-        const auto& left = entries_[a].start;
-        const auto& right = entries_[b].start;
-        return left && right ? OrderOf(*left) < OrderOf(*right) : left.has_value() && !right;
+        const Group left = GroupOf(entries_[a]);
+        const Group right = GroupOf(entries_[b]);
+        if (left != right || left == Group::kUndated) return left < right;
+        CalendarFields first = *entries_[a].start;
+        CalendarFields second = *entries_[b].start;
+        if (left == Group::kEveryYear) first.year = second.year = 0;
+        return OrderOf(first) < OrderOf(second);
     });
     WriteAgenda(out, order);
     WriteTodos(out, order);
@@ -200,6 +204,31 @@ void CalendarSection::WriteYears(std::ostream& out, const MonthMarks& marks) con
                   pieces.Make("months-begin", {{"note", marks.IsWhole() ? Markup() : pieces.Make("months-note")}}));
 }
 
+CalendarSection::Group CalendarSection::GroupOf(const Entry& entry) const {
+    if (!entry.start) return Group::kUndated;
+    return entry.isYearly && !marks_.HasYear(entry.start->year) ? Group::kEveryYear : Group::kDated;
+}
+
+std::u16string CalendarSection::HeadingOf(const Entry& entry) const {
+    switch (GroupOf(entry)) {
+        case Group::kDated:
+            return Format(u"%s %d", MonthName(entry.start->month), entry.start->year);
+        case Group::kEveryYear:
+            return u"Every year";
+        case Group::kUndated:
+            return u"Without a day";
+    }
+    return {};
+}
+
+// Whether two entries share the heading of the month, or of the day.
+bool CalendarSection::StandsUnderSame(const Entry& a, const Entry& b, bool day) const {
+    if (GroupOf(a) != GroupOf(b)) return false;
+    if (GroupOf(a) == Group::kUndated) return !day || a.outOfRange == b.outOfRange;
+    if (GroupOf(a) == Group::kEveryYear) return !day || SameDay(*a.start, *b.start);
+    return a.start->year == b.start->year && a.start->month == b.start->month && (!day || a.start->day == b.start->day);
+}
+
 void CalendarSection::WriteAgenda(std::ostream& out, const std::vector<std::size_t>& order) const {
     const Pieces& pieces = Pieces::OfPage();
     orvale::Write(out, pieces.Make("agenda-begin"));
@@ -207,27 +236,31 @@ void CalendarSection::WriteAgenda(std::ostream& out, const std::vector<std::size
     for (const std::size_t number : order) {
         const Entry& entry = entries_[number];
         if (entry.isTodo) continue;
-        const auto& day = entry.start;
-        const bool sameDay = before != nullptr && day.has_value() == before->start.has_value() &&
-                             (day ? SameDay(*day, *before->start) : entry.outOfRange == before->outOfRange);
-        const bool sameMonth = before != nullptr && day.has_value() == before->start.has_value() &&
-                               (!day || (day->year == before->start->year && day->month == before->start->month));
+        const bool sameMonth = before != nullptr && StandsUnderSame(*before, entry, false);
+        const bool sameDay = before != nullptr && StandsUnderSame(*before, entry, true);
         if (before != nullptr && !sameDay) orvale::Write(out, pieces.Make("agenda-day-end"));
         if (before != nullptr && !sameMonth) orvale::Write(out, pieces.Make("agenda-month-end"));
-        if (!sameMonth)
-            orvale::Write(
-                out,
-                pieces.Make("agenda-month-begin",
-                            {{"name", day ? Format(u"%s %d", MonthName(day->month), day->year) : u"Without a day"}}));
-        if (!sameDay && day)
-            orvale::Write(out, pieces.Make("agenda-day-begin",
-                                           {{"date", IsoDay(*day)},
-                                            {"day", std::to_string(day->day)},
-                                            {"weekday", Widen(kWeekdays[DayOfWeek(*day)].caption).substr(0, 3)},
-                                            {"long", DayText(*day)}}));
-        else if (!sameDay)
+        const auto& day = entry.start;
+        const Group group = GroupOf(entry);
+        if (!sameMonth) {
+            const std::string key = group == Group::kDated
+                                        ? std::to_string(day->year) + "-" + std::to_string(day->month)
+                                    : group == Group::kEveryYear ? "-every-year"
+                                                                 : "-without";
+            orvale::Write(out, pieces.Make("agenda-month-begin", {{"key", key}, {"name", HeadingOf(entry)}}));
+        }
+        if (!sameDay && day) {
+            const std::u16string weekday = Widen(kWeekdays[DayOfWeek(*day)].caption).substr(0, 3);
+            const std::u16string since = Format(u"%s %d", MonthName(day->month).substr(0, 3), day->year);
+            orvale::Write(out,
+                          pieces.Make("agenda-day-begin", {{"date", IsoDay(*day)},
+                                                           {"day", std::to_string(day->day)},
+                                                           {"weekday", group == Group::kEveryYear ? since : weekday},
+                                                           {"long", DayText(*day)}}));
+        } else if (!sameDay) {
             orvale::Write(out, pieces.Make("agenda-other-begin",
                                            {{"heading", entry.outOfRange.empty() ? "No date" : entry.outOfRange}}));
+        }
         orvale::Write(out, entry.html);
         before = &entry;
     }

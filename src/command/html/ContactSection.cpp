@@ -62,15 +62,28 @@ Look LookOf(std::int32_t type) {
     }
 }
 
-// The parts that a semicolon separates, without the empty ones.
+// The parts that a semicolon separates, empty ones too.
 std::vector<std::u16string> SemicolonParts(std::u16string_view text) {
     std::vector<std::u16string> parts;
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find(u';'), text.size());
-        if (const std::u16string_view part = Trim(text.substr(0, end)); !part.empty()) parts.emplace_back(part);
-        text.remove_prefix(std::min(end + 1, text.size()));
+    for (std::size_t end = 0; end != std::u16string_view::npos;) {
+        end = text.find(u';');
+        parts.emplace_back(Trim(text.substr(0, end)));
+        text.remove_prefix(std::min(end, text.size() - 1) + 1);
     }
     return parts;
+}
+
+std::u16string WithoutGaps(std::vector<std::u16string> texts, std::u16string_view separator) {
+    std::erase(texts, std::u16string());
+    return Joined(texts, separator);
+}
+
+// An address as it stands on an envelope. Its parts are post box, extension, street, city, region, postcode, country.
+std::u16string AddressText(const std::u16string& text) {
+    std::vector<std::u16string> parts = SemicolonParts(text);
+    if (parts.size() < 6 || parts.size() > 7) return WithoutGaps(std::move(parts), u"\n");
+    const std::u16string city = WithoutGaps({parts[5], parts[3]}, u" ");
+    return WithoutGaps({parts[0], parts[1], parts[2], city, parts[4], parts.size() == 7 ? parts[6] : u""}, u"\n");
 }
 
 // "14 March 1965" of "19650314", also with dashes; any other text as it is.
@@ -83,15 +96,9 @@ std::u16string BirthdayText(const std::u16string& text) {
 }
 
 std::u16string AddressOfParts(const CContactItem& contact, const AddressParts& a) {
-    const auto lineOf = [&](std::int32_t first, std::int32_t second) {
-        std::vector<std::u16string> words{TextOf(contact, first), TextOf(contact, second)};
-        std::erase(words, std::u16string());
-        return Joined(words, u" ");
-    };
-    std::vector<std::u16string> lines{TextOf(contact, a.street), lineOf(a.postcode, a.city), TextOf(contact, a.region),
-                                      TextOf(contact, a.country)};
-    std::erase(lines, std::u16string());
-    return Joined(lines, u"\n");
+    const auto part = [&](std::int32_t type) { return TextOf(contact, type); };
+    const std::u16string city = WithoutGaps({part(a.postcode), part(a.city)}, u" ");
+    return WithoutGaps({part(a.street), city, part(a.region), part(a.country)}, u"\n");
 }
 
 // One contact's card being put together.
@@ -141,10 +148,8 @@ class CardMaker {
 
     // What a person does and where, in the line below the name.
     std::u16string Below() const {
-        std::vector<std::u16string> texts{workTitle_, Joined(SemicolonParts(organisation_), u" · ")};
-        std::erase(texts, std::u16string());
-        if (texts.size() == 2 && texts[0] == texts[1]) texts.pop_back();
-        std::u16string below = Joined(texts, u" · ");
+        const std::u16string organisation = WithoutGaps(SemicolonParts(organisation_), u" · ");
+        std::u16string below = WithoutGaps({workTitle_, organisation == workTitle_ ? u"" : organisation}, u" · ");
         return below == title_ ? std::u16string() : below;
     }
 
@@ -190,7 +195,7 @@ class CardMaker {
             case Look::kBirthday:
                 return plain(BirthdayText(field.Data));
             case Look::kAddress:
-                return plain(Joined(SemicolonParts(field.Data), u"\n"));
+                return plain(AddressText(field.Data));
             default:
                 return plain(field.Data);
         }
@@ -233,11 +238,9 @@ class CardMaker {
 
 // The names by which a contact is sorted: as it is called, without a doctor in front.
 std::u16string SortedName(const CContactItem& contact, const std::u16string& title) {
-    std::vector<std::u16string> names;
-    for (const std::int32_t type : {CF_GIVEN_NAME, CF_MIDDLE_NAME, CF_FAMILY_NAME})
-        names.push_back(TextOf(contact, type));
-    std::erase(names, std::u16string());
-    return SortKey(names.empty() ? title : Joined(names, u" "));
+    const std::u16string names = WithoutGaps(
+        {TextOf(contact, CF_GIVEN_NAME), TextOf(contact, CF_MIDDLE_NAME), TextOf(contact, CF_FAMILY_NAME)}, u" ");
+    return SortKey(names.empty() ? title : names);
 }
 
 }  // namespace

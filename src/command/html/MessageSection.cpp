@@ -22,10 +22,8 @@ Markup Marks(const CSMSItem& sms) {
         pieces.Add(marks, "bubble-mark",
                    {{"text", box != nullptr ? Capitalised(box->caption) : "Box " + std::to_string(sms.listtype)}});
     }
-    if (sms.storageid > SMS_STORAGE_PHONE_MEMORY || sms.storageid < 0)
-        pieces.Add(marks, "bubble-mark", {{"text", Capitalised(ValueCaption(kSmsStorages, sms.storageid))}});
-    else if (sms.storageid == SMS_STORAGE_PHONE_MEMORY)
-        pieces.Add(marks, "bubble-number", {{"text", "phone memory"}});
+    if (sms.storageid != SMS_STORAGE_NONE)
+        pieces.Add(marks, "bubble-number", {{"text", ValueCaption(kSmsStorages, sms.storageid)}});
     if (sms.status != 0) pieces.Add(marks, "bubble-number", {{"text", "status " + std::to_string(sms.status)}});
     if (sms.smstype != 0) pieces.Add(marks, "bubble-number", {{"text", "type " + std::to_string(sms.smstype)}});
     return marks;

@@ -165,7 +165,7 @@ bool MonthMarks::Draw(std::int64_t day, std::size_t place, bool isRepeat) {
         return false;
     }
     const chrono::year_month_day date = DateOf(day);
-    if (!std::binary_search(years_.begin(), years_.end(), static_cast<int>(date.year()))) return true;
+    if (!HasYear(static_cast<int>(date.year()))) return true;
     ++months_[static_cast<int>(date.year()) * 12LL + MonthOf(date) - 1];
     const int minute = entry.isAllDay ? -1 : entry.start.hour * 60 + entry.start.minute;
     Day& marks = days_[day];

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -24,6 +25,9 @@ class MonthMarks {
 
     /// Whether all repetitions were drawn: there is a limit to them, since a small file can ask for any number.
     bool IsWhole() const { return whole_; }
+
+    /// Whether a year is drawn.
+    bool HasYear(int year) const { return std::binary_search(years_.begin(), years_.end(), year); }
 
     /// The drawn months in their order, each as year times twelve and the month from 0, with how many marks it has.
     const std::map<std::int64_t, std::size_t>& Months() const { return months_; }

@@ -68,8 +68,15 @@ class CalendarSection {
         std::string outOfRange;  // a start that has no calendar fields
         bool isTodo;
         bool isDone;
+        bool isYearly;
         Markup html;
     };
+
+    // Where an entry stands in the agenda: what comes back each year from before the drawn ones is of no year.
+    enum class Group { kDated, kEveryYear, kUndated };
+    Group GroupOf(const Entry& entry) const;
+    std::u16string HeadingOf(const Entry& entry) const;
+    bool StandsUnderSame(const Entry& a, const Entry& b, bool day) const;
 
     void WriteYears(std::ostream& out, const MonthMarks& marks) const;
     void WriteAgenda(std::ostream& out, const std::vector<std::size_t>& order) const;

@@ -69,13 +69,14 @@
             tab.classList.add("open");
             showPart(part);
             const pane = tab.querySelector(".pane");
-            if (target !== part) target.scrollIntoView({ block: target.classList.contains("month") ? "start" : "center" });
+            if (target !== part) target.scrollIntoView({ block: target.matches(".month, .am") ? "start" : "center" });
             else if (part.classList.contains("thread")) toEnd(part);
             else if (pane) pane.scrollTop = 0;
         } else if (target !== tab) {
             target.scrollIntoView({ block: target.classList.contains("letter") ? "start" : "center" });
         } else {
             tab.classList.remove("open");
+            document.scrollingElement.scrollTop = 0;
         }
         if (flash) {
             for (const old of document.querySelectorAll(".flash")) old.classList.remove("flash");
@@ -83,16 +84,26 @@
         }
     }
 
-    // A thread opens at its latest message. What lies above was never laid out, so that its height is a guess at first.
+    // A thread opens at its latest message. What lies above was never laid out, so that its height is a guess at first,
+    // and the end is where it is only after some looks.
     function toEnd(thread) {
-        const last = thread.querySelector(".flow-day:last-child li:last-child");
-        if (!last) return;
-        last.scrollIntoView({ block: "end" });
-        requestAnimationFrame(() => last.scrollIntoView({ block: "end" }));
+        const pane = thread.parentElement;
+        const box = pane.scrollHeight > pane.clientHeight ? pane : document.scrollingElement;
+        let height = -1;
+        let looks = 0;
+        (function scroll() {
+            if (!thread.matches(".on") || box.scrollHeight === height || ++looks > 20) return;
+            height = box.scrollHeight;
+            box.scrollTop = height;
+            requestAnimationFrame(scroll);
+        })();
     }
 
     function route() {
-        const target = location.hash.length > 1 ? byId(location.hash.slice(1)) : null;
+        let target = location.hash.length > 1 ? byId(location.hash.slice(1)) : null;
+        // In the agenda, a month is that of the agenda.
+        if (target && target.matches(".month") && byId("agenda").matches(".on"))
+            target = byId(target.id.replace("y", "a")) || target;
         if (target && target.closest(".tab")) reveal(target);
         else if (!open.tab) showTab(document.querySelector(".tab"));
     }
@@ -108,7 +119,8 @@
     // ---- search
 
     const accents = /\p{M}+/gu;
-    const fold = (text) => text.normalize("NFD").replace(accents, "").toLowerCase();
+    const others = { "ß": "ss", "ø": "o", "æ": "ae", "œ": "oe", "ł": "l", "đ": "d", "ı": "i", "ς": "σ" };
+    const fold = (text) => text.normalize("NFD").replace(accents, "").toLowerCase().replace(/[ßøæœłđıς]/g, (c) => others[c]);
 
     const kinds = [
         { id: "contacts", name: "Contacts", title: (unit) => unit.querySelector("h4").textContent },
@@ -129,11 +141,19 @@
         return parts.join("\n");
     }
 
+    // "4 Jan 2008, 18:16" of "2008-01-04T18:16:20".
+    function readable(moment) {
+        const parts = /^(\d+)-(\d+)-(\d+)(?:T(\d+:\d+))?/.exec(moment);
+        if (!parts) return "";
+        const month = "JanFebMarAprMayJunJulAugSepOctNovDec".substr(3 * (parts[2] - 1), 3);
+        return Number(parts[3]) + " " + month + " " + Number(parts[1]) + (parts[4] ? ", " + parts[4] : "");
+    }
+
     function dateOf(unit) {
         const own = unit.querySelector("time");
         const day = unit.closest(".flow-day, .aday");
-        if (unit.classList.contains("m")) return own ? own.dateTime.replace("T", " ").slice(0, 16) : "";
-        if (day) return (day.querySelector("time") || {}).dateTime || "";
+        if (unit.classList.contains("m")) return own ? readable(own.dateTime) : "";
+        if (day) return readable((day.querySelector("time") || {}).dateTime || "");
         const link = document.querySelector('.list a[href="#' + unit.id + '"] time');
         return link && unit.id ? link.textContent : "";
     }
@@ -235,8 +255,9 @@
         const time = make("time", dateOf(unit));
         const snippet = make("span");
         snippet.dir = "auto";
-        const text = textOf(unit);
-        appendMarked(snippet, unit.classList.contains("m") ? text : text.slice(text.indexOf("\n") + 1), 160);
+        const lines = textOf(unit).split("\n").map((line) => line.trim()).filter(Boolean);
+        if (!unit.classList.contains("m")) lines.shift();  // the title
+        appendMarked(snippet, lines.join(" · "), 160);
         link.append(title, time, snippet);
         link.addEventListener("click", (event) => {
             event.preventDefault();
