@@ -5,6 +5,7 @@ set -euo pipefail
 cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.."
 
 scripts/install-dependencies.sh
+scripts/install-dependencies.sh --browser || echo "No browser: the test of the page in one is skipped." >&2
 if command -v ccache >/dev/null; then export CMAKE_CXX_COMPILER_LAUNCHER=ccache; fi
 
 for preset in debug asan; do

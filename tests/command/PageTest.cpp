@@ -116,6 +116,13 @@ TEST(PageTest, NoTextBecomesMarkup) {
     }
 }
 
+TEST(PageTest, ATextIsEscapedForContentAndForAttributes) {
+    constexpr char16_t kText[] = u"<a b=\"c\" d='e'>&`\r\n\r\n\r-\t\0\x1b\x7f\x85\xD800😀";
+    std::string html;
+    AppendEscaped(html, {kText, std::size(kText) - 1});
+    EXPECT_EQ(html, "&lt;a b=&quot;c&quot; d=&#39;e&#39;&gt;&amp;&#96;\n\n\n-\t␀␛␡\xEF\xBF\xBD\xEF\xBF\xBD😀");
+}
+
 TEST(PageTest, TheScanSeesMarkupThatTheTemplateDoesNotHave) {
     const std::string good = PageOfText(u"(plain)");
     for (const char* const bad : {"<img>", "<p onclick=\"x\">", "<!-- x -->", "<script>", "<a href=\"javascript:x\">",
