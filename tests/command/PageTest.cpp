@@ -3,11 +3,11 @@
 
 #include <sstream>
 
-#include "command/PageScan.h"
 #include "command/Program.h"
 #include "command/html/EmbeddedPage.h"
 #include "command/html/Page.h"
 #include "platform/Text.h"
+#include "support/PageScan.h"
 
 namespace orvale::test {
 namespace {

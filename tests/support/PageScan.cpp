@@ -1,4 +1,4 @@
-#include "command/PageScan.h"
+#include "support/PageScan.h"
 
 #include <algorithm>
 #include <map>
