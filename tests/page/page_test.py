@@ -195,6 +195,9 @@ def check_looks(driver, checks, address):
     open_page(driver, address, "#sms")
     checks.equal("print leaves the bar out and shows the thread", driver.run("""return [".bar", ".list", ".thread.on .m"]
         .map((e) => document.querySelector(e).checkVisibility())"""), [False, False, True])
+    driver.run("document.documentElement.classList.add('print-all')")
+    checks.equal("what is missing where everything is printed", driver.run("""return [".card", "#months", "#agenda", "#todos", ".m",
+        ".mail"].filter((e) => ![...document.querySelectorAll(e)].every((each) => each.checkVisibility()))"""), [])
     driver.look(1280, 800)
 
 

@@ -212,15 +212,17 @@ class CardMaker {
     }
 
     Markup Groups() {
-        Markup chips;
+        DistinctTexts names;
         for (const auto& field : contact_.fields) {
             if (!field) continue;
             for (const auto& group : field->groups) {
-                const std::u16string name = group.value.empty() ? Format(u"group %d", group.key) : group.value;
-                pieces_.Add(chips, "chip", {{"text", name}});
+                names.PlaceOf(group.value.empty() ? Format(u"group %d", group.key) : group.value);
                 rows_.AddQuiet("group", Format(u"%d %s", group.key, group.value));
             }
         }
+        Markup chips;
+        for (std::size_t i = 0; i < names.size(); ++i)
+            pieces_.Add(chips, "chip", {{"text", names[i]}});
         return chips.empty() ? chips : pieces_.Make("chips", {{"label", "Groups"}, {"chips", chips}});
     }
 
