@@ -12,8 +12,8 @@ namespace {
 
 namespace chrono = std::chrono;
 
-constexpr std::size_t kShown = 3;          // marks of a day
-constexpr std::size_t kMostDrawn = 50000;  // marks of repetitions and of long entries, in all
+constexpr std::size_t kShown = 3;              // marks of a day
+constexpr std::size_t kMostDrawn = 50000;      // marks of repetitions and of long entries, in all
 constexpr std::size_t kMostLooks = 4'000'000;  // at days, whether an entry repeats on them
 
 chrono::year_month_day DateOf(std::int64_t day) {
