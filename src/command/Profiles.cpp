@@ -7,16 +7,13 @@
 #include "command/ColumnScan.h"
 #include "command/CommandError.h"
 #include "command/Progress.h"
+#include "command/Wording.h"
 #include "command/json/ProfileJson.h"
 #include "platform/Format.h"
 #include "platform/Text.h"
 
 namespace orvale {
 namespace {
-
-std::u16string Widen(std::string_view ascii) {
-    return {ascii.begin(), ascii.end()};
-}
 
 std::u16string CaptionOf(std::int32_t type) {
     return FindContactFieldType(type) != nullptr ? Widen(ContactFieldCaption(type)) : Format(u"Type %d", type);

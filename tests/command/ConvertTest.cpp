@@ -142,7 +142,8 @@ TEST_F(ConvertTest, NothingOfACardGoesInSilence) {
     for (const auto& each : kCases) {
         SCOPED_TRACE(each.loss);
         folder.Put("in.vcf", "BEGIN:VCARD\r\nVERSION:2.1\r\nFN:A\r\n" + each.lines + "END:VCARD\r\n");
-        EXPECT_EQ(Run("convert --force --from vcard in.vcf a.qzs").errors, "orvale: a.qzs: lost: " + std::string(each.loss) + "\n");
+        EXPECT_EQ(Run("convert --force --from vcard in.vcf a.qzs").errors,
+                  "orvale: a.qzs: lost: " + std::string(each.loss) + "\n");
     }
     folder.Put("in.vcf", "BEGIN:VCARD\r\nVERSION:2.1\r\nTEL;CELL:\r\nX-A:b\r\nNOTE:good\r\n fold\r\nEND:VCARD\r\n");
     EXPECT_EQ(Run("convert --force --from vcard in.vcf a.qzs").errors,

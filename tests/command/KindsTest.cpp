@@ -208,7 +208,8 @@ TEST_F(KindsTest, SeveralCalendarEntriesGoToANewFolder) {
 TEST_F(KindsTest, AVCalendarWithoutAnEntryIsAFailure) {
     folder.Put("none.vcs", "BEGIN:VCALENDAR\r\nPRODID:\r\nVERSION:2.0\r\nEND:VCALENDAR\r\n");
     folder.Put("none.json", R"({"orvale": 1, "kind": "calendar", "records": []})");
-    EXPECT_EQ(Run("show --format vcalendar none.vcs").errors, "orvale: none.vcs: holds no record of the format vcalendar\n");
+    EXPECT_EQ(Run("show --format vcalendar none.vcs").errors,
+              "orvale: none.vcs: holds no record of the format vcalendar\n");
     EXPECT_EQ(Run("info --format vcalendar none.vcs").exitCode, 1);
     EXPECT_EQ(Run("convert --from vcalendar none.vcs a.cal").exitCode, 1);
     EXPECT_EQ(Run("convert none.json a.vcs").exitCode, 1);
