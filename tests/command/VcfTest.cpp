@@ -241,6 +241,21 @@ TEST_F(VcfTest, EveryTypeOfFieldComesBackFromBothVersions) {
     }
 }
 
+// Values that a card can't hold, or not as they stand, leave those beside them what they are.
+TEST_F(VcfTest, OddValuesComeBackInTheirPlace) {
+    const std::string group = R"(, "groups": [{"id": 1, "name": "x"}])";
+    folder.Put("in.json", R"({"orvale": 1, "kind": "contacts", "records": [{"fields": [)" + FieldJson(104, "TEL:1") +
+                              FieldJson(105, "tel:") + FieldJson(1000, "mail\\u0001to:a@b") +
+                              FieldJson(3002, "\\u0001") + FieldJson(3002, "b", group) + FieldJson(2, "\\u007F") +
+                              R"({"type": 4007, "data": "\u0002"}]}]})");
+    for (const char* const version : {"3.0", "4.0"}) {
+        Run(std::string("convert --force --vcard-version ") + version + " in.json a.vcf");
+        EXPECT_EQ(Told(folder, "a.vcf"),
+                  "104 TEL:1\n105 tel:\n1000 mailto:a@b\n3002 \n3002 b\n  group 1 x\n2 \n4007 \n")
+            << version;
+    }
+}
+
 // What today's phones get to see.
 TEST_F(VcfTest, WritesWhatTheStandardsSay) {
     folder.Put("in.json", R"({"orvale": 1, "kind": "contacts", "records": [{"fields": [)" + FieldJson(2, "Doe") +

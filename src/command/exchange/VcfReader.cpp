@@ -222,10 +222,8 @@ void VcfReader::TakeValue(const VcfProperty& property, VcfKind kind, std::size_t
     if (property.id == "0") return;  // it stands for others to see
     switch (row.shape) {
         case VcfShape::kPhone:
-            RemoveScheme(text, u"tel:");
-            break;
         case VcfShape::kEmail:
-            RemoveScheme(text, u"mailto:");
+            if (property.id.empty()) RemoveScheme(text, VcfSchemeOf(row.shape));
             break;
         case VcfShape::kDate:
             if (property.id.empty()) text = DayOf(std::move(text));

@@ -19,9 +19,9 @@ enum class VcfVersion : unsigned { k21 = 1, k30 = 2, k40 = 4 };
 enum class VcfShape {
     kText,        ///< as it stands
     kUri,         ///< not escaped but for backslashes and line ends
-    kEmail,       ///< "mailto:" is none of it
-    kPhone,       ///< "tel:" is none of it
-    kDate,        ///< a day as eight digits, else as it stands
+    kEmail,       ///< a scheme is none of it, unless its id is told
+    kPhone,       ///< the same
+    kDate,        ///< a day as eight digits, else, or if its id is told, as it stands
     kGender,      ///< letter and text of 4.0
     kParts,       ///< by its parts
     kCategories,  ///< the contact's groups
@@ -31,6 +31,11 @@ enum class VcfShape {
     kStorage,     ///< ours: the contact's memory
     kSilent,      ///< says nothing of the contact
 };
+
+/// What of such a value is none of it where it stands in front; empty for shapes without such.
+constexpr std::u16string_view VcfSchemeOf(VcfShape shape) {
+    return shape == VcfShape::kPhone ? u"tel:" : shape == VcfShape::kEmail ? u"mailto:" : u"";
+}
 
 /// The bits of a line's types.
 namespace vcf {

@@ -29,6 +29,27 @@ bool IsControl(char c) {
     return (c >= 0 && c < ' ' && c != '\t') || c == 0x7F;
 }
 
+bool IsLeftOut(char16_t unit) {
+    return unit < 0x80 && unit != u'\r' && unit != u'\n' && IsControl(static_cast<char>(unit));
+}
+
+// Whether nothing of a text stands in a vCard.
+bool SaysNothing(std::u16string_view text) {
+    return std::all_of(text.begin(), text.end(), IsLeftOut);
+}
+
+// Whether a value begins with what a reader takes for the scheme of an address.
+bool HasScheme(const VcfRow& row, std::u16string_view text) {
+    const std::u16string_view scheme = VcfSchemeOf(row.shape);
+    std::size_t met = 0;
+    for (const char16_t unit : text) {
+        if (IsLeftOut(unit)) continue;
+        if (met == scheme.size()) return met != 0;
+        if (!EqualsNoCase({&unit, 1}, scheme.substr(met++, 1))) return false;
+    }
+    return false;
+}
+
 bool IsPartOfName(std::int32_t id) {
     const VcfRow* const row = VcfRowOfId(id, VcfVersion::k30);
     return row != nullptr && (row->property == "N" || row->property == "FN");
@@ -66,7 +87,7 @@ void VcfWriter::Survey(const CContactItem& contact) {
     hasParts_ = putParts_ = 0;
     hasDate_ = hasGender_ = hasOrganisation_ = false;
     for (const auto& field : contact.fields) {
-        const VcfRow* const row = field && !field->Data.empty() ? VcfRowOfId(field->Type, version_) : nullptr;
+        const VcfRow* const row = field && !SaysNothing(field->Data) ? VcfRowOfId(field->Type, version_) : nullptr;
         if (row != nullptr && row->property == "ADR" && row->part != vcf::kWhole) hasParts_ |= row->types;
     }
 }
@@ -81,7 +102,7 @@ std::size_t VcfWriter::Find(std::int32_t id) const {
 // and fields of a type keep their order.
 std::size_t VcfWriter::Take(std::int32_t id) {
     const std::size_t place = Find(id);
-    if (place == kNone || done_[place] || Data(place).empty()) return kNone;
+    if (place == kNone || done_[place] || SaysNothing(Data(place))) return kNone;
     done_[place] = true;
     return place;
 }
@@ -120,7 +141,7 @@ std::u16string VcfWriter::ComposeFullName() const {
     std::u16string name;
     for (const std::int32_t id : {CF_NAME_PREFIX, CF_GIVEN_NAME, CF_MIDDLE_NAME, CF_FAMILY_NAME, CF_NAME_SUFFIX}) {
         const std::size_t place = Find(id);
-        if (place == kNone || Data(place).empty()) continue;
+        if (place == kNone || SaysNothing(Data(place))) continue;
         if (!name.empty()) name += u' ';
         name += Data(place);
     }
@@ -133,7 +154,7 @@ std::u16string VcfWriter::ComposeFullName() const {
 
 void VcfWriter::PutField(std::size_t place) {
     const std::int32_t id = contact_->fields[place]->Type;
-    const VcfRow* const row = Data(place).empty() || IsPartOfName(id) ? nullptr : VcfRowOfId(id, version_);
+    const VcfRow* const row = SaysNothing(Data(place)) || IsPartOfName(id) ? nullptr : VcfRowOfId(id, version_);
     if (row == nullptr) return PutOwn(place);
     if (row->property == "ADR" && row->part == vcf::kWhole) {
         PutWholeAddress(*row, place);
@@ -151,12 +172,12 @@ void VcfWriter::PutField(std::size_t place) {
     if (!done_[place]) PutOwn(place);
 }
 
-// The id is told only where a reader would take another one.
+// The id is told only where a reader would take another one, or change a value without it.
 void VcfWriter::PutValue(const VcfRow& row, std::size_t place) {
     const std::int32_t id = contact_->fields[place]->Type;
     Begin(row.property);
     AddTypes(row.types);
-    if (ids_.Next(VcfKindOf(row)) != id) AddId(id);
+    if (ids_.Next(VcfKindOf(row)) != id || HasScheme(row, Data(place))) AddId(id);
     ids_.Take(id);
     line_ += ':';
     AddText(Data(place), row.shape != VcfShape::kUri);
