@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "command/CommandError.h"
+#include "command/Flatten.h"
 #include "command/FormatTable.h"
 #include "command/Kinds.h"
 #include "support/MemoryWatch.h"
@@ -71,6 +72,26 @@ OwnFile<Record> ReadWritten(const OwnFormat& format, const std::string& bytes) {
     Must(!told.isBroken, "a file that was written is whole");
     Must(told.notes.empty(), "all that was written finds its place");
     return told;
+}
+
+/// What records say, each as one text.
+template <class Record>
+std::vector<std::u16string> SaidBy(const std::vector<std::unique_ptr<Record>>& records) {
+    std::vector<std::u16string> said(records.size());
+    for (std::size_t i = 0; i < records.size(); ++i)
+        Flatten(*records[i], said[i]);
+    return said;
+}
+
+/// The question of a format that keeps all of a record: what was read comes back as it was. `example` is a file with a
+/// record; it is read first, as a format may have a library to load, which counts for nobody's memory.
+template <class Record>
+void AskOwnExact(const OwnFormat& format, std::string_view input, std::string_view example) {
+    static const std::size_t examples = ReadOwn<Record>(format, Scratch("example", example)).records.size();
+    Must(examples != 0, "the format reads its example");
+    const OwnFile<Record> first = ReadOwnInput<Record>(format, input);
+    const OwnFile<Record> second = ReadWritten<Record>(format, WriteOwn(format, first.records));
+    Must(SaidBy(second.records) == SaidBy(first.records), "records come back as they were");
 }
 
 }  // namespace orvale::fuzz
