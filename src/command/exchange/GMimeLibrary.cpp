@@ -7,7 +7,7 @@ namespace {
 
 const GMimeLibrary* Load() {
     const SharedLibrary& library = LoadLibraryOf("mbox", ORVALE_GMIME_SONAME);
-    auto* const functions = new GMimeLibrary;
+    auto* const functions = new GMimeLibrary(library);
 #define ORVALE_LOAD(name) functions->name = library.Get<std::remove_pointer_t<decltype(&::name)>>(#name);
     ORVALE_GMIME_FUNCTIONS(ORVALE_LOAD)
 #undef ORVALE_LOAD

@@ -4,6 +4,8 @@
 
 #include <memory>
 
+#include "platform/SharedLibrary.h"
+
 namespace orvale {
 
 // Each function of GMime, and of the GLib below it, that is used here.
@@ -52,7 +54,11 @@ namespace orvale {
 
 /// GMime, loaded and made ready at the first use.
 struct GMimeLibrary {
-#define ORVALE_MEMBER(name) decltype(&::name) name;
+    explicit GMimeLibrary(const SharedLibrary& loaded) : library(loaded) {}
+
+    const SharedLibrary& library;
+
+#define ORVALE_MEMBER(name) decltype(&::name) name = nullptr;
     ORVALE_GMIME_FUNCTIONS(ORVALE_MEMBER)
 #undef ORVALE_MEMBER
 };

@@ -7,7 +7,7 @@ namespace {
 
 const IcalLibrary* Load() {
     const SharedLibrary& library = LoadLibraryOf("ics", ORVALE_ICAL_SONAME);
-    auto* const functions = new IcalLibrary;
+    auto* const functions = new IcalLibrary(library);
 #define ORVALE_LOAD(name) functions->name = library.Get<std::remove_pointer_t<decltype(&::name)>>(#name);
     ORVALE_ICAL_FUNCTIONS(ORVALE_LOAD)
 #undef ORVALE_LOAD

@@ -4,6 +4,8 @@
 
 #include <memory>
 
+#include "platform/SharedLibrary.h"
+
 namespace orvale {
 
 // Each function of libical that is used here.
@@ -60,7 +62,11 @@ namespace orvale {
 /// libical, loaded at the first use: it brings libraries along that take longer to load than the command takes for all
 /// else.
 struct IcalLibrary {
-#define ORVALE_MEMBER(name) decltype(&::name) name;
+    explicit IcalLibrary(const SharedLibrary& loaded) : library(loaded) {}
+
+    const SharedLibrary& library;
+
+#define ORVALE_MEMBER(name) decltype(&::name) name = nullptr;
     ORVALE_ICAL_FUNCTIONS(ORVALE_MEMBER)
 #undef ORVALE_MEMBER
 };
