@@ -31,8 +31,8 @@ class MboxTest : public testing::Test {
 TEST_F(MboxTest, WhatAPhoneHoldsComesBack) {
     const char* const kValues[] = {
         R"("from": "Müller, Jürgen <a@b>; c@d", "to": " x\r\ny ", "cc": "nobody", "bcc": "\"Lee, A\" <b@c>")",
-        R"("from": "Zoë <z@x>", "to": "a@b, c@d", "subject": "Grüße 山田 😀, sehr lang: )"
-        R"(und noch ein wenig länger, damit die Zeile gewiss gebrochen werden muss, auch mitten darin")",
+        (R"("from": "Zoë <z@x>", "to": "a@b, c@d", "subject": "Grüße 山田 😀, sehr lang: )"
+         R"(und noch ein wenig länger, damit die Zeile gewiss gebrochen werden muss, auch mitten darin")"),
         R"("subject": "a  b =?utf-8?Q?x?= \u0001 ü", "entryid": "<a@b>")",
         R"("subject": " ", "entryid": "a@b.c")",
         R"("subject": "x\nBcc: y", "entryid": "4711")",
