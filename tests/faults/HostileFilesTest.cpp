@@ -156,11 +156,11 @@ std::vector<HostileFile> HostileFiles() {
             {"an entry of many values", inEntries(open + Times(kMany, "<name>a</name>") + close), Cost::kTree},
             {"a value of a million", inEntries(open + "<name>" + longLine + "</name>" + close), Cost::kTree},
             {"many attributes",
-             [&] {
+             [&, name = entry] {
                  std::string attributes;
                  for (std::size_t i = 0; i < kMany; ++i)
                      attributes += " a" + std::to_string(i) + "=''";
-                 return inEntries("<" + std::string(entry) + attributes + "/>");
+                 return inEntries("<" + std::string(name) + attributes + "/>");
              }(),
              Cost::kTree},
             {"many prefixes",
