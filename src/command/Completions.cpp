@@ -53,7 +53,7 @@ std::string FishText(std::string_view text) {
     return ReplaceAll(text, "\\'", [](char c) { return std::string{'\\', c}; });
 }
 
-// A text in the specification of an argument, between single quotes.
+// A text in the description of an argument, between single quotes.
 std::string ZshText(std::string_view text) {
     return ShellText(ReplaceAll(text, "[]:\\", [](char c) { return std::string{'\\', c}; }));
 }
