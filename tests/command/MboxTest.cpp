@@ -90,6 +90,14 @@ TEST_F(MboxTest, PartsGiveTheirTextAndTheirNames) {
          "-->b<br/>end</p><script>x()</script>",
          {"\"body\": \"One & two\\r\\nZwölf ü 😀 &unknown; a b\\r\\nend\""},
          "orvale: a.eml: lost: the looks of HTML texts: 1, first in in.mbox, line 1\n"},
+        {"AnotherCharsetThanNamed",
+         "Content-Type: multipart/mixed; boundary=b\n\n--b\nContent-Type: text/plain; charset=us-ascii\n\nGr\xFC\xDF"
+         "e\n"
+         "--b\nContent-Type: text/plain; charset=us-ascii\n\nGrüße\n"
+         "--b\nContent-Type: text/plain; charset=x-unknown\n\nGr\xFC\xDF"
+         "e\n--b--\n",
+         {"\"body\": \"Grüße\\r\\n\\r\\nGrüße\\r\\n\\r\\nGrüße\""},
+         "orvale: a.eml: lost: texts that aren't in the charset that they name: 2, first in in.mbox, line 1\n"},
         {"Head",
          "Received: x\nDate: Mon, 17 Mar 2008 07:02:11 -0800\nFrom: =?utf-8?B?WsO2ZQ==?= <z@x>\nTo: \"Lee, A\" <b@c>,\n"
          " d@e\nMessage-ID: <x@y>\nImportance: High\nSensitivity: Private\nStatus: RO\nX-Spam: no\n\nText\n",

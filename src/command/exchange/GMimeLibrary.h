@@ -16,6 +16,7 @@ namespace orvale {
     X(g_mime_content_disposition_get_disposition) \
     X(g_mime_content_type_get_mime_type)          \
     X(g_mime_content_type_is_type)                \
+    X(g_mime_data_wrapper_write_to_stream)        \
     X(g_mime_header_get_name)                     \
     X(g_mime_header_get_value)                    \
     X(g_mime_header_list_get_count)               \
@@ -37,11 +38,15 @@ namespace orvale {
     X(g_mime_object_to_string)                    \
     X(g_mime_parser_construct_message)            \
     X(g_mime_parser_new_with_stream)              \
+    X(g_mime_part_get_content)                    \
     X(g_mime_part_get_content_encoding)           \
     X(g_mime_part_get_filename)                   \
     X(g_mime_part_get_type)                       \
     X(g_mime_part_set_content_encoding)           \
+    X(g_mime_stream_mem_get_byte_array)           \
+    X(g_mime_stream_mem_new)                      \
     X(g_mime_stream_mem_new_with_buffer)          \
+    X(g_mime_text_part_get_charset)               \
     X(g_mime_text_part_get_text)                  \
     X(g_mime_text_part_get_type)                  \
     X(g_mime_text_part_new)                       \

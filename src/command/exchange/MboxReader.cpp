@@ -9,6 +9,7 @@
 #include "command/exchange/MboxMessage.h"
 #include "command/exchange/PercentText.h"
 #include "command/exchange/PlainWords.h"
+#include "platform/CodePage.h"
 #include "platform/Text.h"
 
 namespace orvale {
@@ -185,10 +186,38 @@ class MessageReader {
         Note("data of attachments");
     }
 
+    // The text in UTF-8. The library leaves out what isn't in the charset that the part names, without a word: where it
+    // could, the bytes are taken as UTF-8, else as those of the code page that most such texts are in.
     std::string Decoded(GMimeObject* part) {
-        const std::unique_ptr<char, GMimeDeleter> text(
-            mime_.g_mime_text_part_get_text(reinterpret_cast<GMimeTextPart*>(part)));
-        return text ? text.get() : "";
+        auto* const textPart = reinterpret_cast<GMimeTextPart*>(part);
+        const std::unique_ptr<char, GMimeDeleter> text(mime_.g_mime_text_part_get_text(textPart));
+        std::string decoded = text ? text.get() : "";
+        const char* const charset = mime_.g_mime_text_part_get_charset(textPart);
+        const std::string named = charset != nullptr ? InSmall(charset) : "us-ascii";
+        const bool isLeft = named == "us-ascii" || named == "utf-8" || IsAscii(decoded);
+        const std::string bytes = isLeft ? ContentOf(part) : "";
+        if (IsAscii(bytes)) return decoded;
+        std::size_t replaced = 0;
+        std::u16string wide = FromUtf8(bytes, &replaced);
+        if (replaced != 0) {
+            constexpr std::int32_t kWesternEuropean = 1252;
+            Note("texts that aren't in the charset that they name");
+            wide = TextConverter(*FindCodePage(kWesternEuropean)).ToWide(bytes);
+        }
+        return ToUtf8(Replace(wide, u"\r\n", u"\n"));
+    }
+
+    static bool IsAscii(const std::string& text) { return AsciiPrefix(std::string_view(text)) == text.size(); }
+
+    // The bytes of a part, without their transfer encoding.
+    std::string ContentOf(GMimeObject* part) {
+        GMimeDataWrapper* const content = mime_.g_mime_part_get_content(reinterpret_cast<GMimePart*>(part));
+        if (content == nullptr) return "";
+        const std::unique_ptr<GMimeStream, GMimeDeleter> stream(mime_.g_mime_stream_mem_new());
+        if (mime_.g_mime_data_wrapper_write_to_stream(content, stream.get()) < 0) return "";
+        const GByteArray* const array =
+            mime_.g_mime_stream_mem_get_byte_array(reinterpret_cast<GMimeStreamMem*>(stream.get()));
+        return std::string(reinterpret_cast<const char*>(array->data), array->len);
     }
 
     // A text of several parts is one, with an empty line between.

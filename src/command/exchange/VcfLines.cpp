@@ -197,7 +197,7 @@ VcfLines::Join VcfLines::JoinOf(const std::string& text, Judged& judged) {
         return *judged.encoding == encoding;
     };
     if (judged.last == '=' && isIn(VcfEncoding::kQuotedPrintable))
-        return VcfSameName(next_, "END:VCARD") ? Join::kNone : Join::kSoftBreak;
+        return VcfSameName(next_, "END:VCARD") || VcfSameName(next_, "BEGIN:VCARD") ? Join::kNone : Join::kSoftBreak;
     if (next_.empty()) return Join::kNone;
     if (IsBlank(next_.front())) return Join::kFold;
     if (!judged.hasColon || nextHasColon_ || IsFrame(text) || IsFrontOfProperty(next_)) return Join::kNone;

@@ -33,14 +33,21 @@ bool IsWanted(std::string_view front) {
     return ParseVcfProperty(front, property) && !property.rows.empty();
 }
 
+std::string_view WithoutBlanks(std::string_view text) {
+    while (!text.empty() && (text.back() == ' ' || text.back() == '\t'))
+        text.remove_suffix(1);
+    while (!text.empty() && (text.front() == ' ' || text.front() == '\t'))
+        text.remove_prefix(1);
+    return text;
+}
+
 bool IsCardFrame(const VcfProperty& property, std::string_view name) {
-    if (!VcfSameName(property.name, name)) return false;
-    std::string_view value = property.value;
-    while (!value.empty() && (value.back() == ' ' || value.back() == '\t'))
-        value.remove_suffix(1);
-    while (!value.empty() && (value.front() == ' ' || value.front() == '\t'))
-        value.remove_prefix(1);
-    return VcfSameName(value, "VCARD");
+    return VcfSameName(property.name, name) && VcfSameName(WithoutBlanks(property.value), "VCARD");
+}
+
+// Whether a value is the first line of a card within the card.
+bool BeginsCard(std::string_view value) {
+    return VcfSameName(WithoutBlanks(value), "BEGIN:VCARD");
 }
 
 // "1965-03-14" and midnight of that day as the eight digits of contacts; any other text as it is.
@@ -117,7 +124,13 @@ bool VcfReader::TakeCard(CContactItem& record) {
         } else if (TakeFrame(property, ends)) {
             if (ends) return true;
         } else if (depth_ == 0) {
-            afterAgent_ = property.value.empty() && VcfSameName(property.name, "AGENT");
+            const bool isAgent = VcfSameName(property.name, "AGENT");
+            afterAgent_ = isAgent && property.value.empty();
+            if (isAgent && BeginsCard(property.value)) {  // on the same line
+                ++depth_;
+                AddNote("AGENT", line_.number);
+                continue;
+            }
             if (!version_ && VcfSameName(property.name, "VERSION"))
                 TakeVersion(property.value);
             else if (!version_ && !property.rows.empty())
