@@ -131,7 +131,7 @@ bool VCardReaderTakesAll(const std::filesystem::path& path) {
         }
         if (text.size() >= kLongestLine) return false;
         kept = text.size();
-        text.copy(buffer.data(), kept);
+        std::char_traits<char>::move(buffer.data(), text.data(), kept);  // the two may overlap
     }
     // A last line without its end, or with half of it, is of a card that lacks its own.
     return kept == 0 || std::string_view(buffer.data(), kept - 1).find('\r') == std::string_view::npos;
