@@ -137,6 +137,8 @@ const Case kCases[] = {
     // An element may have a thousand attributes; far more of them are refused in a straight line too.
     {"xml-attributes", "phonebook-xml", "<phonebook",
      [](std::int32_t place) { return " b" + std::to_string(place) + "='c'"; }, "/>"},
+    {"xml-attributes-of-a-text", "xml", "<a", [](std::int32_t place) { return " b" + std::to_string(place) + "='c'"; },
+     "/>"},
     {"xml-defaults", "phonebook-xml",
      "<!DOCTYPE phonebook [<!ATTLIST C00 a CDATA '' b CDATA ''>]>" + Suite("phonebook", "suite-phonebook", ""),
      [](std::int32_t) { return "<C00/>"s; }, "</phonebook>"},

@@ -9,7 +9,6 @@
 #include <libxml/xmlsave.h>
 
 #include <algorithm>
-#include <climits>
 #include <functional>
 #include <iterator>
 #include <new>
@@ -374,40 +373,50 @@ DocumentPtr Parse(Read read) {
     return document;
 }
 
-struct Source {
-    CFile file;
-    const xmlParserCtxt* parser = nullptr;
-    bool failed = false;
-};
-
-DocumentPtr ParseFile(const std::u16string& path) {
-    Source source;
-    if (source.file.Open(path.c_str(), CFile::kModeRead, nullptr) == 0) return nullptr;
+// Parses what `take` gives, a piece at a time: between two of them an element with too many attributes is met before
+// they cost. `take(buffer, size)` tells how many bytes it gave, 0 at the end.
+template <class Take>
+DocumentPtr ParsePieces(Take take, const char* encoding, int options) {
+    struct Source {
+        Take& take;
+        const xmlParserCtxt* parser = nullptr;
+        bool failed = false;
+    };
     const auto read = [](void* context, char* buffer, int size) noexcept {
         auto& from = *static_cast<Source*>(context);
         from.failed = from.failed || MakesRoomForTooMany(*from.parser);
         if (from.failed) return -1;
         try {
-            return static_cast<int>(from.file.Read(buffer, static_cast<std::uint32_t>(size)));
+            return static_cast<int>(from.take(buffer, static_cast<std::uint32_t>(size)));
         } catch (...) {
             from.failed = true;
             return -1;
         }
     };
+    Source source{take};
     DocumentPtr document = Parse([&](xmlParserCtxt* parser) {
         source.parser = parser;
-        return xmlCtxtReadIO(parser, read, nullptr, &source, nullptr, nullptr, kParserOptions);
+        return xmlCtxtReadIO(parser, read, nullptr, &source, nullptr, encoding, options);
     });
     return source.failed ? nullptr : std::move(document);
 }
 
+DocumentPtr ParseFile(const std::u16string& path) {
+    CFile file;
+    if (file.Open(path.c_str(), CFile::kModeRead, nullptr) == 0) return nullptr;
+    return ParsePieces([&](char* buffer, std::uint32_t size) { return file.Read(buffer, size); }, nullptr,
+                       kParserOptions);
+}
+
 DocumentPtr ParseText(std::u16string_view text) {
     const std::string bytes = ToUtf8(text);
-    if (bytes.size() > INT_MAX) return nullptr;
-    return Parse([&](xmlParserCtxt* parser) {
-        return xmlCtxtReadMemory(parser, bytes.data(), static_cast<int>(bytes.size()), nullptr, "UTF-8",
-                                 kParserOptions | XML_PARSE_IGNORE_ENC);
-    });
+    std::string_view rest = bytes;
+    const auto take = [&](char* buffer, std::uint32_t size) {
+        const std::size_t taken = rest.copy(buffer, size);
+        rest.remove_prefix(taken);
+        return taken;
+    };
+    return ParsePieces(take, "UTF-8", kParserOptions | XML_PARSE_IGNORE_ENC);
 }
 
 DocumentPtr NewDocument() {

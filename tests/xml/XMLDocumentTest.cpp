@@ -196,8 +196,12 @@ TEST_F(XMLDocument, WhatIsTooLargeIsRefusedInPeace) {
         {"declarations of attributes", "<!DOCTYPE a [<!ATTLIST b" + attributes(100000, " c", " CDATA ''") + ">]><a/>",
          "a{}"},
     };
-    for (const Case& each : cases)
+    for (const Case& each : cases) {
         EXPECT_EQ(Load(each.bytes), each.dump) << each.name;
+        CXMLDocument parsed;
+        EXPECT_EQ(parsed.LoadXML(FromUtf8(each.bytes)), 1) << each.name;
+        EXPECT_EQ(static_cast<bool>(parsed.GetRoot()), each.dump != kRefused) << each.name;
+    }
 
     const std::string text(9'000'000, 'x');
     EXPECT_EQ(Load("<a>" + text + "</a>"), "a{" + text + "}");
