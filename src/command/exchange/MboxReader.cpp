@@ -199,6 +199,7 @@ class MessageReader {
         if (IsAscii(bytes)) return decoded;
         std::size_t replaced = 0;
         std::u16string wide = FromUtf8(bytes, &replaced);
+        if (replaced == 0 && named == "utf-8") return decoded;
         if (replaced != 0) {
             constexpr std::int32_t kWesternEuropean = 1252;
             Note("texts that aren't in the charset that they name");
@@ -217,7 +218,8 @@ class MessageReader {
         if (mime_.g_mime_data_wrapper_write_to_stream(content, stream.get()) < 0) return "";
         const GByteArray* const array =
             mime_.g_mime_stream_mem_get_byte_array(reinterpret_cast<GMimeStreamMem*>(stream.get()));
-        return std::string(reinterpret_cast<const char*>(array->data), array->len);
+        const std::string_view all(reinterpret_cast<const char*>(array->data), array->len);
+        return std::string(all.substr(0, all.find('\0')));  // a zero ends a text
     }
 
     // A text of several parts is one, with an empty line between.
