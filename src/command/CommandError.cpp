@@ -42,7 +42,7 @@ void TellUser(std::string_view line) {
 std::string Quote(std::string_view text) {
     constexpr std::size_t kMost = 40;
     std::u16string units = FromUtf8(text);
-    if (units.size() > kMost) units = units.substr(0, kMost - 1) + u"…";
+    if (units.size() > kMost) units.replace(kMost - 1, std::u16string::npos, u"…");
     return Visible(units, true);
 }
 

@@ -134,9 +134,9 @@ void CompareWithInputs(LossReport& report, JoinedInputs& inputs, JoinedInputs& w
     std::u16string flatBefore;
     std::u16string flatAfter;
     std::size_t number = 0;
-    while (const Record* before = inputs.Next<Record>()) {
+    while (const auto* before = inputs.Next<Record>()) {
         progress.Tick(++number, total);
-        const Record* const after = written.Next<Record>();
+        const auto* const after = written.Next<Record>();
         if (after == nullptr) FailReadingBack(work, files, number);
         Flatten(*before, flatBefore);
         Flatten(*after, flatAfter);
@@ -178,7 +178,7 @@ void Verify(LossReport& report, const Conversion& work, const RecordOutput& outp
 template <class Record>
 void WriteAll(JoinedInputs& inputs, RecordOutput& output, const std::string& shownName) {
     Progress progress("writing", shownName);
-    while (const Record* record = inputs.Next<Record>()) {
+    while (const auto* record = inputs.Next<Record>()) {
         output.Put(*record);
         progress.Tick(inputs.Count());
     }

@@ -80,7 +80,7 @@ std::vector<std::pair<Fingerprint, Place>> FingerprintsOf(const LoadedLibrary& l
     Progress progress("reading", file);
     std::vector<std::pair<Fingerprint, Place>> fingerprints;
     std::u16string buffer;
-    while (const Record* record = inputs.Next<Record>()) {
+    while (const auto* record = inputs.Next<Record>()) {
         fingerprints.emplace_back(FingerprintOf(*record, buffer), fingerprints.size());
         progress.Tick(inputs.Count());
     }
@@ -100,6 +100,7 @@ template <class Record>
 std::map<Place, Record> RecordsAt(const LoadedLibrary& library, const std::vector<InputName>& names,
                                   const std::vector<std::pair<Fingerprint, Place>>& wanted) {
     std::vector<Place> places;
+    places.reserve(wanted.size());
     for (const auto& [fingerprint, place] : wanted)
         places.push_back(place);
     std::sort(places.begin(), places.end());
@@ -108,7 +109,7 @@ std::map<Place, Record> RecordsAt(const LoadedLibrary& library, const std::vecto
     inputs.onEmpty = [](const std::string&) {};
     auto next = places.begin();
     while (next != places.end()) {
-        const Record* const record = inputs.Next<Record>();
+        const auto* const record = inputs.Next<Record>();
         if (record == nullptr) break;
         if (inputs.Count() - 1 == *next) records.emplace_hint(records.end(), *next++, *record);
     }
@@ -133,9 +134,19 @@ std::vector<Change> ChangesOf(const std::vector<Fact>& before, const std::vector
 template <class Record>
 std::vector<std::pair<std::u16string, Place>> TitlesOf(const std::map<Place, Record>& records) {
     std::vector<std::pair<std::u16string, Place>> titles;
+    titles.reserve(records.size());
     for (const auto& [place, record] : records)
         titles.emplace_back(TitleOf(record), place);
     return titles;
+}
+
+// A list to pair by place, of what wasn't paired by title.
+std::vector<std::pair<Place, Place>> PlacesOf(const std::vector<std::pair<std::u16string, Place>>& titles) {
+    std::vector<std::pair<Place, Place>> places;
+    places.reserve(titles.size());
+    for (const auto& [title, place] : titles)
+        places.emplace_back(place, place);
+    return places;
 }
 
 template <class Record>
@@ -144,12 +155,8 @@ void CompareLeft(const std::map<Place, Record>& a, const std::map<Place, Record>
     auto titlesA = TitlesOf(a);
     auto titlesB = TitlesOf(b);
     Pairs pairs = PairUp(titlesA, titlesB);
-    std::vector<std::pair<Place, Place>> placesA;
-    std::vector<std::pair<Place, Place>> placesB;
-    for (const auto& [title, place] : titlesA)
-        placesA.emplace_back(place, place);
-    for (const auto& [title, place] : titlesB)
-        placesB.emplace_back(place, place);
+    auto placesA = PlacesOf(titlesA);
+    auto placesB = PlacesOf(titlesB);
     const Pairs samePlace = PairUp(placesA, placesB);
     pairs.insert(pairs.end(), samePlace.begin(), samePlace.end());
     for (const auto& [first, second] : pairs) {

@@ -19,12 +19,11 @@ std::string LowerCase(std::string_view word) {
 }  // namespace
 
 std::size_t EditDistance(std::string_view a, std::string_view b) {
-    std::vector<std::size_t> before;  // the row above `above`
     std::vector<std::size_t> above;
     std::vector<std::size_t> row(b.size() + 1);
     std::iota(row.begin(), row.end(), std::size_t{0});
     for (std::size_t i = 0; i < a.size(); ++i) {
-        before = std::exchange(above, row);
+        const std::vector<std::size_t> before = std::exchange(above, row);  // the row above `above`
         row[0] = i + 1;
         for (std::size_t j = 0; j < b.size(); ++j) {
             row[j + 1] = std::min({above[j] + (a[i] != b[j]), row[j] + 1, above[j + 1] + 1});

@@ -23,7 +23,7 @@ class JoinedInputs {
     const Record* Next() {
         while (place_ < names_.size()) {
             if (!input_) OpenNext();
-            if (const Record* record = input_->Next<Record>()) {
+            if (const auto* record = input_->Next<Record>()) {
                 if (onlyUnique && !IsNew(*record)) continue;
                 ++count_;
                 return record;

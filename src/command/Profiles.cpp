@@ -46,7 +46,7 @@ std::vector<std::pair<std::int32_t, Use>> UsesOf(const LoadedLibrary& library, c
     std::map<std::int32_t, std::size_t> places;
     JoinedInputs inputs(library, names);
     Progress progress("reading", names.front().name);
-    while (const CContactItem* contact = inputs.Next<CContactItem>()) {
+    while (const auto* contact = inputs.Next<CContactItem>()) {
         progress.Tick(inputs.Count());
         const auto [place, isNew] = places.emplace(contact->Storage, uses.size());
         if (isNew) uses.emplace_back(contact->Storage, Use());

@@ -52,7 +52,7 @@ void ShowListing(JoinedInputs& input, const ShowOrder& order, Kind kind) {
     Screen screen(std::cout, UseColor(order.color));
     RecordPrinter<Record> printer(screen);
     ShowProgress progress(order);
-    while (const Record* record = input.Next<Record>()) {
+    while (const auto* record = input.Next<Record>()) {
         printer.Print(*record);
         progress.Tick(input.Count());
     }
@@ -70,10 +70,10 @@ void ShowCsv(const LoadedLibrary& library, const std::vector<InputName>& names, 
     CsvTable table(std::cout, order.safeCsv);
     JoinedInputs ahead(library, names);
     ahead.onEmpty = [](const std::string&) {};
-    while (const Record* record = ahead.Next<Record>())
+    while (const auto* record = ahead.Next<Record>())
         table.Look(*record);
     table.PutHead<Record>();
-    while (const Record* record = input.Next<Record>())
+    while (const auto* record = input.Next<Record>())
         table.Put(*record);
 }
 

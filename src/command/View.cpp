@@ -25,7 +25,7 @@ void PutFile(Page& page, const LoadedLibrary& library, const InputName& name, st
     page.AddProfile(input.GetProfile(), false);
     Progress progress("reading", name.name);
     VisitKind(input.GetKind(), [&]<class Record>(std::type_identity<Record>) {
-        while (const Record* record = input.Next<Record>()) {
+        while (const auto* record = input.Next<Record>()) {
             page.Put(*record);
             progress.Tick(input.Count());
         }

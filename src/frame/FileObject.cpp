@@ -74,8 +74,8 @@ std::int32_t CFileObject::Open(const char16_t* fileName, const std::uint32_t* op
 
 void CFileObject::CloseStream() noexcept {
     try {
-        CFile::Close();
-    } catch (...) {  // nothing is gathered between operations, so nothing is lost that an operation called written
+        CFile::Close();  // NOLINT(bugprone-parent-virtual-call): the stream's own
+    } catch (...) {      // nothing is gathered between operations, so nothing is lost that an operation called written
     }
 }
 

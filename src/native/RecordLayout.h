@@ -123,7 +123,7 @@ class RecordWriter {
     /// The pairs go out in the order of a copy of the map. Each copy reverses the buckets: with the reader's two, a map
     /// that is read back has its buckets the other way round.
     void Groups(const HashMap<std::u16string>& groups) {
-        const HashMap<std::u16string> copy = groups;
+        const HashMap<std::u16string> copy = groups;  // NOLINT(performance-unnecessary-copy-initialization)
         Count(copy.size());
         for (const auto& pair : copy) {
             Int(pair.key);

@@ -126,7 +126,8 @@ TextConverter::Direction::~Direction() {
 void* TextConverter::Direction::Handle(const char* to, const char* from) {
     if (handle_ == nullptr) {
         void* const opened = iconv_open(to, from);
-        if (opened == reinterpret_cast<iconv_t>(-1)) throw std::system_error(errno, std::generic_category(), to);
+        if (opened == reinterpret_cast<iconv_t>(-1))  // NOLINT(performance-no-int-to-ptr): iconv's own word for failure
+            throw std::system_error(errno, std::generic_category(), to);
         handle_ = opened;
     }
     return handle_;

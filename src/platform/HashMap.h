@@ -56,12 +56,9 @@ class HashMap {
         std::uint32_t& head = table_->heads[Bucket(key)];
         table_->entries.push_back(Entry{key, std::move(value), head});
         head = place;
-        if (table_->entries.size() == kIndexFrom) {
-            for (std::uint32_t i = 0; i < kIndexFrom; ++i)
-                table_->index.emplace(table_->entries[i].key, i);
-        } else if (table_->entries.size() > kIndexFrom) {
-            table_->index.emplace(key, place);
-        }
+        if (table_->entries.size() < kIndexFrom) return;
+        for (std::uint32_t i = place + 1 == kIndexFrom ? 0 : place; i <= place; ++i)
+            table_->index.emplace(table_->entries[i].key, i);
     }
 
     const Value* Find(std::int32_t key) const {
@@ -115,7 +112,7 @@ class HashMap {
     static constexpr std::size_t kIndexFrom = 64;
 
     struct Table {
-        Table() { heads.fill(kNone); }
+        Table() { heads.fill(kNone); }  // NOLINT(modernize-use-equals-default): the check's own error
         std::array<std::uint32_t, kBuckets> heads;
         std::vector<Entry> entries;
         std::map<std::int32_t, std::uint32_t> index;  // no hash: keys can be chosen to meet in one place

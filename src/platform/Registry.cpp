@@ -117,7 +117,7 @@ std::string Environment(const char* name) {
 }  // namespace
 
 std::string RegistryPath() {
-    if (const std::string path = Environment("ORVALE_REGISTRY"); !path.empty()) return path;
+    if (std::string path = Environment("ORVALE_REGISTRY"); !path.empty()) return path;
     if (const std::string folder = Environment("XDG_CONFIG_HOME"); !folder.empty()) return folder + "/orvale/user.reg";
     if (const std::string home = Environment("HOME"); !home.empty()) return home + "/.config/orvale/user.reg";
     return {};

@@ -36,8 +36,8 @@ std::size_t ReadStandardInput(char* bytes, std::size_t most) {
 
 }  // namespace
 
-TemporaryFile::TemporaryFile(std::string_view ending) {
-    path_ = (std::filesystem::temp_directory_path() / "orvale-XXXXXX").string().append(ending);
+TemporaryFile::TemporaryFile(std::string_view ending)
+    : path_((std::filesystem::temp_directory_path() / "orvale-XXXXXX").string().append(ending)) {
     descriptor_ = mkostemps(path_.data(), static_cast<int>(ending.size()), O_CLOEXEC);
     if (descriptor_ < 0) Throw("create");
 }

@@ -10,8 +10,10 @@ template <std::int32_t kNumber>
 class LayoutVersion {
  public:
     LayoutVersion() = default;
-    LayoutVersion(const LayoutVersion&) {}
-    LayoutVersion& operator=(const LayoutVersion&) { return *this; }  // NOLINT(bugprone-unhandled-self-assignment)
+    LayoutVersion(const LayoutVersion&) {}  // NOLINT(modernize-use-equals-default)
+    LayoutVersion& operator=(const LayoutVersion&) {
+        return *this;
+    }  // NOLINT(bugprone-unhandled-self-assignment,modernize-use-equals-default)
 
     LayoutVersion& operator=(std::int32_t number) {
         number_ = number;

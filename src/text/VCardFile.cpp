@@ -145,7 +145,8 @@ std::int32_t CVCardFile::ParseCard(const CardText& card) try {
 
 std::int32_t CVCardFile::ParseProperty(std::u16string_view line, std::size_t keyUnits, Counters& counters) {
     const std::u16string_view key = Trim(line.substr(0, keyUnits));
-    std::u16string_view rest = line.substr(std::min(line.size(), keyUnits == line.npos ? keyUnits : keyUnits + 1));
+    std::u16string_view rest =
+        line.substr(std::min(line.size(), keyUnits == std::u16string_view::npos ? keyUnits : keyUnits + 1));
     const std::int32_t id = key.empty() ? orvale::PROPERTY_UNKNOWN : orvale::GetPropertyId(key);
     const auto addPart = [&](std::int32_t partId) { AddValue(TakeToken(rest, u";"), partId); };
 
@@ -314,7 +315,7 @@ std::int32_t CVCardFile::MapContact(const CContactItem* contact, VCardPropertyLi
     AddProperty(full, CF_FULL_NAME, list);
 
     bool hasEmail = false;
-    constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+    constexpr auto kNone = static_cast<std::size_t>(-1);
     std::size_t wholeAddress[std::size(kAddresses)];
     std::fill(std::begin(wholeAddress), std::end(wholeAddress), kNone);
     for (const auto& field : contact->fields) {

@@ -57,7 +57,7 @@ inline std::u16string ToText(std::uint32_t number) {  // a list's number, writte
 }
 
 /// False where the text makes no such value.
-inline bool FromText(std::u16string text, std::int32_t& number) {
+inline bool FromText(const std::u16string& text, std::int32_t& number) {
     number = ToNumber(text);
     return true;
 }
@@ -65,10 +65,10 @@ inline bool FromText(std::u16string text, std::u16string& value) {
     value = std::move(text);
     return true;
 }
-inline bool FromText(std::u16string text, DateValue& date) {
+inline bool FromText(const std::u16string& text, DateValue& date) {
     return UtcTextToDate(text, date);
 }
-inline bool FromText(std::u16string text, std::uint32_t& number) {
+inline bool FromText(const std::u16string& text, std::uint32_t& number) {
     number = static_cast<std::uint32_t>(ToNumber(text));
     return true;
 }

@@ -54,7 +54,7 @@ void CalendarZones::Add(const std::string& definition) {
     if (!component || !IsHarmless(component.get())) return;
     icalproperty* const id = ical.icalcomponent_get_first_property(component.get(), ICAL_TZID_PROPERTY);
     const char* const name = id != nullptr ? ical.icalvalue_get_text(ical.icalproperty_get_value(id)) : nullptr;
-    if (name == nullptr || defined_.count(name) != 0) return;
+    if (name == nullptr || defined_.contains(name)) return;
     const std::string key = name;
     IcalZone zone(ical.icaltimezone_new());
     if (ical.icaltimezone_set_component(zone.get(), component.get()) == 0) return;

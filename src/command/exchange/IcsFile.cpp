@@ -210,8 +210,8 @@ void IcsSource::TakeProperty(const ContentLine& parts, const LineInput::Line& li
             continue;
         }
         if (std::find(std::begin(kQuiet), std::end(kQuiet), last.name) != std::end(kQuiet)) continue;
-        const auto row = std::find_if(std::begin(kUnheld), std::end(kUnheld),
-                                      [&](const Unheld& unheld) { return unheld.name == last.name; });
+        const auto* const row = std::find_if(std::begin(kUnheld), std::end(kUnheld),
+                                             [&](const Unheld& unheld) { return unheld.name == last.name; });
         notes_.Add(row != std::end(kUnheld) ? row->what : "lines of a kind that no phone knows: " + Quote(last.name),
                    line.number);
     }

@@ -80,7 +80,7 @@ class EntryReader {
                                                      : nullptr;
         if (bytes == nullptr) return {};
         std::size_t replaced = 0;
-        const std::u16string text = Replace(FromUtf8(bytes, &replaced), u"\n", u"\r\n");
+        std::u16string text = Replace(FromUtf8(bytes, &replaced), u"\n", u"\r\n");
         Note("bytes that are no UTF-8", replaced);
         if (const std::string form = Parameter(property, kExactParameter); !form.empty()) {
             std::u16string exact = form == kExactNothing ? u"" : FromUtf8(PercentBytes(form));
@@ -199,7 +199,7 @@ class EntryReader {
             const std::size_t comma = std::min(rest.find(u','), rest.size());
             const std::u16string_view name = Trim(rest.substr(0, comma));
             rest.remove_prefix(std::min(comma + 1, rest.size()));
-            const auto row = std::find_if(
+            const auto* const row = std::find_if(
                 std::begin(kCalendarCategories), std::end(kCalendarCategories),
                 [&](const NamedValue& each) { return EqualsNoCase(FromUtf8(CategoryName(each.value)), name); });
             if (row == std::end(kCalendarCategories))

@@ -154,9 +154,9 @@ class EntryWriter {
     }
 
     void PutField(const CCalendarField& field) {
-        const auto row = std::find_if(std::begin(kTexts), std::end(kTexts),
-                                      [&](const TextRow& each) { return each.type == field.Type; });
-        const std::size_t index = static_cast<std::size_t>(row - std::begin(kTexts));
+        const auto* const row = std::find_if(std::begin(kTexts), std::end(kTexts),
+                                             [&](const TextRow& each) { return each.type == field.Type; });
+        const auto index = static_cast<std::size_t>(row - std::begin(kTexts));
         const bool isUrl = row != std::end(kTexts) && row->kind == ICAL_URL_PROPERTY;
         icalproperty* property = nullptr;
         if (row == std::end(kTexts) || (row->once && put_[index]) || (isUrl && !IsUri(field.Data)) ||

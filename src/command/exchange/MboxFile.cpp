@@ -49,8 +49,8 @@ DateValue ReceivedOf(const std::string& line) {
     const char* const lastWord = std::strrchr(rest, ' ');
     int year = 0;
     if (std::sscanf(lastWord != nullptr ? lastWord + 1 : rest, "%4d", &year) != 1) return {};
-    const auto name = std::find_if(std::begin(kMonths), std::end(kMonths),
-                                   [&](const char* each) { return std::strcmp(each, month) == 0; });
+    const auto* const name = std::find_if(std::begin(kMonths), std::end(kMonths),
+                                          [&](const char* each) { return std::strcmp(each, month) == 0; });
     const CalendarFields utc{year, static_cast<int>(name - std::begin(kMonths)) + 1, day, hour, minute, second};
     if (name == std::end(kMonths) || !IsValid(utc) || utc == CalendarFields{1970, 1, 1, 0, 0, 0}) return {};
     const auto local = UtcToLocal(utc);

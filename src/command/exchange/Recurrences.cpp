@@ -112,7 +112,7 @@ const char* TakeDays(DaysOfRule& days, const icalrecurrencetype& rule) {
     for (const int day : ListOf(rule.by_day)) {
         const int weekday = std::abs(day) % 8;
         const int nth = (std::abs(day) - weekday) / 8 * (day < 0 ? -1 : 1);
-        if (weekday < 1 || weekday > 7) return "recurrences on a day that is none";
+        if (weekday == 0) return "recurrences on a day that is none";
         if (days.weekdays++ != 0 && nth != days.nth) return "recurrences on several weekdays of a month";
         days.nth = nth;
         days.mask |= 1 << (weekday - 1);

@@ -128,9 +128,9 @@ std::optional<std::string> RuleLine(std::string_view value) {
     if (words.empty()) return std::nullopt;
     const std::string head = words.front();
     const std::size_t digits = head.find_first_of("0123456789");
-    const auto row = std::find_if(std::begin(kFrequencies), std::end(kFrequencies), [&](const OldFrequency& each) {
-        return each.letters == head.substr(0, std::min(digits, head.size()));
-    });
+    const auto* const row = std::find_if(
+        std::begin(kFrequencies), std::end(kFrequencies),
+        [&](const OldFrequency& each) { return each.letters == head.substr(0, std::min(digits, head.size())); });
     if (row == std::end(kFrequencies) || digits == std::string::npos || !IsNumber(head.substr(digits)))
         return std::nullopt;
     std::string limit = ";COUNT=2";  // what a rule means that tells none
@@ -145,7 +145,7 @@ std::optional<std::string> RuleLine(std::string_view value) {
         } else if (IsDate(word)) {
             limit = ";UNTIL=" + word;
         } else if (IsOneOf(kDays, word)) {
-            days += (days.empty() ? "" : ",") + nth + word;
+            days.append(days.empty() ? "" : ",").append(nth).append(word);
         } else if (const auto number = SignedNumber(word); number && row->letters == "MP") {
             nth = *number;
         } else if (number && *row->list != '\0') {

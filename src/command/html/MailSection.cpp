@@ -24,7 +24,7 @@ bool IsOwn(std::int32_t box) {
 // The other party, as the list shows it.
 std::u16string PartyOf(const CEmailItem& email) {
     const std::u16string& address = IsOwn(email.type) ? email.to : email.from;
-    const std::u16string name = NameOfAddress(Snippet(address, 80));
+    std::u16string name = NameOfAddress(Snippet(address, 80));
     if (!name.empty()) return name;
     return IsOwn(email.type) ? u"Nobody yet" : u"Unknown";
 }

@@ -62,9 +62,7 @@ std::u16string_view NationalNumber(std::u16string_view number) {
 std::u16string PlainNumber(std::u16string_view number) {
     std::u16string plain;
     for (const char16_t unit : number) {
-        if (unit >= u'0' && unit <= u'9')
-            plain += unit;
-        else if (unit == u'+' && plain.empty())
+        if ((unit >= u'0' && unit <= u'9') || (unit == u'+' && plain.empty()))
             plain += unit;
         else if (std::u16string_view(u" -./()\u00A0").find(unit) == std::u16string_view::npos)
             return std::u16string(number);  // no number, but the name of a service, or something else yet

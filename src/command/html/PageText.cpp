@@ -81,12 +81,13 @@ constexpr std::string_view kDigits = "0123456789";
 
 bool OnlyOf(std::string_view text, std::initializer_list<std::string_view> sets) {
     return std::all_of(text.begin(), text.end(), [&](char c) {
-        return std::any_of(sets.begin(), sets.end(), [&](std::string_view set) { return set.find(c) != set.npos; });
+        return std::any_of(sets.begin(), sets.end(),
+                           [&](std::string_view set) { return set.find(c) != std::string_view::npos; });
     });
 }
 
 bool IsHost(std::string_view host) {
-    return !host.empty() && host.front() != '.' && host.front() != '-' && host.find("..") == host.npos &&
+    return !host.empty() && host.front() != '.' && host.front() != '-' && host.find("..") == std::string_view::npos &&
            OnlyOf(host, {kLetters, kDigits, ".-"});
 }
 
@@ -242,7 +243,7 @@ Markup WebLink(const Pieces& pieces, std::u16string_view text) {
         if (!plain || !EqualsNoCase(FromUtf8(plain->substr(0, scheme.size())), FromUtf8(scheme))) continue;
         const std::size_t hostEnd = std::min(plain->find_first_of("/?#", scheme.size()), plain->size());
         std::string_view host = std::string_view(*plain).substr(scheme.size(), hostEnd - scheme.size());
-        if (const std::size_t colon = host.find(':'); colon != host.npos) {
+        if (const std::size_t colon = host.find(':'); colon != std::string_view::npos) {
             if (!OnlyOf(host.substr(colon + 1), {kDigits})) break;
             host = host.substr(0, colon);
         }

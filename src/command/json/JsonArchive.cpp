@@ -105,13 +105,15 @@ void JsonReader::OptionalGroups(const char* key, HashMap<std::u16string>& member
         entry.Text("name", name);
     });
     std::vector<std::int32_t> ids;
+    ids.reserve(pairs.size());
     for (const auto& pair : pairs)
         ids.push_back(pair.first);
     std::sort(ids.begin(), ids.end());
     if (std::adjacent_find(ids.begin(), ids.end()) != ids.end()) Fail(key, "an id stands twice");
     // The newest entry of a bucket iterates first, so the list is entered from its end.
-    for (auto pair = pairs.rbegin(); pair != pairs.rend(); ++pair)
-        member.Set(pair->first, std::move(pair->second));
+    std::reverse(pairs.begin(), pairs.end());
+    for (auto& [id, name] : pairs)
+        member.Set(id, std::move(name));
 }
 
 void JsonReader::Finish() const {

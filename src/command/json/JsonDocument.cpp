@@ -70,7 +70,7 @@ void JsonDocument::ReadHead() {
         do {
             const std::string key = TakeKey();
             if (key == "records") {
-                if (!kind_) text_.Fail("\"kind\" has to stand before \"records\"");
+                if (!kind_) text_.Fail(R"("kind" has to stand before "records")");
                 text_.Expect('[');
                 inRecords_ = true;
                 wholeEnd_ = text_.Offset();
@@ -103,7 +103,7 @@ void JsonDocument::TakeHeadValue(const std::string& key) {
         if (!value.is_number_integer() || value != kVersion)
             FailFile(text_.ShownName(), key, "only documents of version 1 are known");
     } else if (key == "kind") {
-        const auto found =
+        const auto* const found =
             std::find_if(kKinds.begin(), kKinds.end(), [&](Kind kind) { return value == KindWord(kind); });
         if (found == kKinds.end())
             FailFile(text_.ShownName(), key, "no kind of data; contacts, calendar, sms and email are");

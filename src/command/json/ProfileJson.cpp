@@ -228,7 +228,7 @@ class PathWriter {
     bool withPasswords_;
 };
 
-SharedProfile ReadColumns(const Json& value, std::string_view file, std::string place) {
+SharedProfile ReadColumns(const Json& value, std::string_view file, const std::string& place) {
     SharedProfile profile = Read<CCSVProfile>(value, file, place);
     if (std::get<CCSVProfile>(*profile).captions.empty())
         FailFile(file, place.empty() ? "columns" : place + ".columns", "a file of columns has at least one");

@@ -135,9 +135,9 @@ void CsvTable::PutHead() {
         for (std::size_t i = 1; i <= count; ++i)
             row.push_back(i == 1 ? caption : caption + Format(u" (%d)", i));
     }
-    if (hasOthers_) row.push_back(u"other values");
-    if (hasGroups_) row.push_back(u"groups");
-    if (hasExtras_) row.push_back(u"extras");
+    if (hasOthers_) row.emplace_back(u"other values");
+    if (hasGroups_) row.emplace_back(u"groups");
+    if (hasExtras_) row.emplace_back(u"extras");
     PutRow(row);
 }
 
