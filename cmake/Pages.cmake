@@ -5,7 +5,7 @@ if(CMAKE_CROSSCOMPILING AND NOT CMAKE_CROSSCOMPILING_EMULATOR)
     return()
 endif()
 
-add_executable(orvale_write_pages ${PROJECT_SOURCE_DIR}/src/command/WritePages.cpp)
+add_executable(orvale_write_pages ${PROJECT_SOURCE_DIR}/src/command/line/WritePages.cpp)
 target_link_libraries(orvale_write_pages PRIVATE orvale_command orvale_options)
 string(TIMESTAMP ORVALE_DATE "%Y-%m-%d" UTC)  # SOURCE_DATE_EPOCH goes before the clock
 set(ORVALE_PAGES orvale.1 orvale.5 orvale.bash _orvale orvale.fish)

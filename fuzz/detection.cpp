@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "command/FormatTable.h"
+#include "command/formats/FormatTable.h"
 #include "host/Formats.h"
 #include "support/MemoryWatch.h"
 #include "support/Scratch.h"

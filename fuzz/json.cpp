@@ -1,7 +1,7 @@
 #include <optional>
 #include <sstream>
 
-#include "command/Kinds.h"
+#include "command/formats/Kinds.h"
 #include "command/json/JsonDocument.h"
 #include "command/json/ProfileJson.h"
 #include "support/MemoryWatch.h"

@@ -1,6 +1,6 @@
 #include <sstream>
 
-#include "command/Kinds.h"
+#include "command/formats/Kinds.h"
 #include "command/html/Page.h"
 #include "command/json/JsonDocument.h"
 #include "support/PageScan.h"

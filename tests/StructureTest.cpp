@@ -24,9 +24,11 @@ const std::map<std::string, std::set<std::string>> kMayInclude = {
 bool MayIncludeForeign(const std::string& source, const std::string& header) {
     if (header.find_first_of("/.") == std::string::npos || source.starts_with("platform/")) return true;
     return (header.starts_with("libxml/") && source == "xml/XMLDocument.cpp") ||
-           (header.starts_with("nlohmann/") && source.starts_with("command/json/")) ||
-           (header.starts_with("CLI/") && source == "command/Arguments.cpp") ||
-           (header == "sha2.h" && source == "command/Fingerprint.cpp") ||
+           (header.starts_with("nlohmann/") &&
+            (source.starts_with("command/json/") ||
+             (source.starts_with("command/verbs/") && source.ends_with("Json.cpp")))) ||
+           (header.starts_with("CLI/") && source == "command/line/Arguments.cpp") ||
+           (header == "sha2.h" && source == "command/files/Fingerprint.cpp") ||
            (header.starts_with("gmime/") && source == "command/exchange/GMimeLibrary.h") ||
            (header.starts_with("libical/") && source == "command/exchange/IcalLibrary.h");
 }

@@ -6,10 +6,10 @@
 #include <string_view>
 #include <vector>
 
-#include "command/CommandError.h"
-#include "command/Flatten.h"
-#include "command/FormatTable.h"
-#include "command/Kinds.h"
+#include "command/console/CommandError.h"
+#include "command/formats/FormatTable.h"
+#include "command/formats/Kinds.h"
+#include "host/Flatten.h"
 #include "support/MemoryWatch.h"
 #include "support/Scratch.h"
 #include "support/Target.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "command/Profiles.h"
+#include "command/files/Profiles.h"
 #include "command/json/ProfileJson.h"
 #include "platform/CodePage.h"
 #include "platform/Text.h"

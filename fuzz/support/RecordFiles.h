@@ -5,10 +5,10 @@
 #include <utility>
 #include <vector>
 
-#include "command/Flatten.h"
-#include "command/FormatTable.h"
-#include "command/Kinds.h"
-#include "command/Profile.h"
+#include "command/formats/FormatTable.h"
+#include "command/formats/Kinds.h"
+#include "command/formats/Profile.h"
+#include "host/Flatten.h"
 #include "host/Formats.h"
 #include "host/RecordFile.h"
 #include "support/MemoryWatch.h"

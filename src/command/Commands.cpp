@@ -5,14 +5,14 @@
 #include <filesystem>
 #include <iostream>
 
-#include "command/FormatTable.h"
-#include "command/Help.h"
-#include "command/Info.h"
-#include "command/LogCommand.h"
-#include "command/Show.h"
-#include "command/View.h"
-#include "command/json/FormatsJson.h"
-#include "command/show/Screen.h"
+#include "command/console/Screen.h"
+#include "command/formats/FormatTable.h"
+#include "command/line/Help.h"
+#include "command/verbs/FormatsJson.h"
+#include "command/verbs/Info.h"
+#include "command/verbs/LogCommand.h"
+#include "command/verbs/Show.h"
+#include "command/verbs/View.h"
 #include "platform/Interrupt.h"
 #include "platform/ModulePath.h"
 #include "platform/Text.h"

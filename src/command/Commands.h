@@ -1,7 +1,7 @@
 #pragma once
 
-#include "command/Arguments.h"
-#include "command/CommandError.h"
+#include "command/console/CommandError.h"
+#include "command/line/Arguments.h"
 
 namespace orvale {
 

@@ -6,8 +6,8 @@
 #include <map>
 #include <sstream>
 
-#include "command/Manual.h"
 #include "command/Program.h"
+#include "command/line/Manual.h"
 #include "records/ContactFieldTypes.h"
 
 namespace orvale::test {

@@ -1,12 +1,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "command/Completions.h"
-#include "command/EditDistance.h"
-#include "command/FormatTable.h"
-#include "command/Manual.h"
-#include "command/Options.h"
 #include "command/Program.h"
+#include "command/console/EditDistance.h"
+#include "command/formats/FormatTable.h"
+#include "command/line/Completions.h"
+#include "command/line/Manual.h"
+#include "command/line/Options.h"
 
 namespace orvale::test {
 namespace {

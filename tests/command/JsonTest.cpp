@@ -4,7 +4,7 @@
 #include <bit>
 #include <limits>
 
-#include "command/CommandError.h"
+#include "command/console/CommandError.h"
 #include "command/json/JsonDocument.h"
 #include "support/ScratchFolder.h"
 

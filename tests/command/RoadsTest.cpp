@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "command/FormatTable.h"
 #include "command/Program.h"
+#include "command/formats/FormatTable.h"
 #include "host/Formats.h"
 
 namespace orvale::test {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "command/Program.h"
-#include "command/show/Screen.h"
+#include "command/console/Screen.h"
 
 namespace orvale::test {
 namespace {

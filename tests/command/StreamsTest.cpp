@@ -7,9 +7,9 @@
 #include <chrono>
 #include <thread>
 
-#include "command/CommandError.h"
 #include "command/Program.h"
-#include "command/Progress.h"
+#include "command/console/CommandError.h"
+#include "command/console/Progress.h"
 
 namespace orvale::test {
 namespace {

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "command/FormatTable.h"
+#include "command/formats/FormatTable.h"
 #include "support/Faults.h"
 #include "support/ScratchFolder.h"
 

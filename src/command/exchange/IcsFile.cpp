@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "command/CommandError.h"
-#include "command/Flatten.h"
-#include "command/Kinds.h"
-#include "command/TextScan.h"
+#include "command/console/CommandError.h"
 #include "command/exchange/Recurrences.h"
 #include "command/exchange/VCalendarOne.h"
+#include "command/formats/Kinds.h"
+#include "command/scan/TextScan.h"
+#include "host/Flatten.h"
 #include "platform/Text.h"
 
 namespace orvale {

@@ -4,11 +4,11 @@
 #include <string>
 #include <unordered_map>
 
-#include "command/FormatTable.h"
 #include "command/exchange/CalendarZones.h"
 #include "command/exchange/ContentLines.h"
 #include "command/exchange/IcsEntry.h"
 #include "command/exchange/NoteTally.h"
+#include "command/formats/FormatTable.h"
 
 namespace orvale {
 

@@ -3,7 +3,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "command/CommandError.h"
+#include "command/console/CommandError.h"
 #include "platform/SharedLibrary.h"
 
 namespace orvale {

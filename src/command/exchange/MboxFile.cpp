@@ -4,10 +4,10 @@
 #include <cstdio>
 #include <cstring>
 
-#include "command/CommandError.h"
-#include "command/Flatten.h"
-#include "command/Kinds.h"
+#include "command/console/CommandError.h"
 #include "command/exchange/MboxMessage.h"
+#include "command/formats/Kinds.h"
+#include "host/Flatten.h"
 #include "platform/Text.h"
 
 namespace orvale {

@@ -3,9 +3,9 @@
 #include <ostream>
 #include <string>
 
-#include "command/FormatTable.h"
 #include "command/exchange/NoteTally.h"
 #include "command/exchange/TextInput.h"
+#include "command/formats/FormatTable.h"
 
 namespace orvale {
 

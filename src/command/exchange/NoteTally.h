@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "command/RecordSource.h"
+#include "command/formats/RecordSource.h"
 
 namespace orvale {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "command/CommandError.h"
+#include "command/console/CommandError.h"
 #include "platform/Text.h"
 
 namespace orvale {

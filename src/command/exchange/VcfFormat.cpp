@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "command/CommandError.h"
+#include "command/console/CommandError.h"
 #include "command/exchange/VcfReader.h"
 #include "command/exchange/VcfTable.h"
 #include "command/exchange/VcfWriter.h"

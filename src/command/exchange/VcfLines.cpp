@@ -4,7 +4,7 @@
 #include <bit>
 #include <cstring>
 
-#include "command/CommandError.h"
+#include "command/console/CommandError.h"
 #include "command/exchange/VcfProperty.h"
 #include "command/exchange/VcfTable.h"
 #include "platform/Text.h"

@@ -4,7 +4,7 @@
 #include <array>
 #include <charconv>
 
-#include "command/CommandError.h"
+#include "command/console/CommandError.h"
 #include "platform/Text.h"
 
 namespace orvale {

@@ -8,10 +8,10 @@
 #include <utility>
 #include <vector>
 
-#include "command/RecordSource.h"
 #include "command/exchange/VcfLines.h"
 #include "command/exchange/VcfProperty.h"
 #include "command/exchange/VcfTable.h"
+#include "command/formats/RecordSource.h"
 
 namespace orvale {
 

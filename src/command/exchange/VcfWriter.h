@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "command/RecordSink.h"
 #include "command/exchange/VcfTable.h"
+#include "command/formats/RecordSink.h"
 
 namespace orvale {
 

@@ -1,9 +1,9 @@
 #include <algorithm>
 #include <numeric>
 
-#include "command/Wording.h"
 #include "command/html/Sections.h"
 #include "command/show/Titles.h"
+#include "command/show/Wording.h"
 #include "host/Facts.h"
 #include "platform/Format.h"
 #include "platform/Text.h"

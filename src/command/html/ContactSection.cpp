@@ -1,9 +1,9 @@
 #include <algorithm>
 #include <iterator>
 
-#include "command/Wording.h"
 #include "command/html/Sections.h"
 #include "command/show/Titles.h"
+#include "command/show/Wording.h"
 #include "platform/Format.h"
 #include "platform/Text.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "command/FormatTable.h"
+#include "command/formats/FormatTable.h"
 
 namespace orvale {
 

@@ -1,7 +1,7 @@
 #include <algorithm>
 
-#include "command/Wording.h"
 #include "command/html/Sections.h"
+#include "command/show/Wording.h"
 #include "platform/Format.h"
 #include "platform/Text.h"
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <chrono>
 
-#include "command/Wording.h"
 #include "command/show/Titles.h"
+#include "command/show/Wording.h"
 #include "platform/Format.h"
 
 namespace orvale {

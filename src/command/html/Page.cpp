@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "command/FormatTable.h"
-#include "command/Kinds.h"
+#include "command/formats/FormatTable.h"
+#include "command/formats/Kinds.h"
 #include "command/html/EmbeddedPage.h"
 #include "command/json/ProfileJson.h"
 #include "platform/Text.h"

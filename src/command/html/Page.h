@@ -4,7 +4,7 @@
 #include <ostream>
 #include <vector>
 
-#include "command/RecordSource.h"
+#include "command/formats/RecordSource.h"
 #include "command/html/Sections.h"
 
 namespace orvale {

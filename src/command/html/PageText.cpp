@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdio>
 
-#include "command/Wording.h"
+#include "command/show/Wording.h"
 #include "platform/Format.h"
 #include "platform/Terminal.h"
 #include "platform/Text.h"

@@ -7,8 +7,8 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "command/CommandError.h"
-#include "command/show/Screen.h"
+#include "command/console/CommandError.h"
+#include "command/console/Screen.h"
 #include "platform/Format.h"
 #include "platform/Text.h"
 

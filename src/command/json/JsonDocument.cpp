@@ -4,8 +4,8 @@
 #include <array>
 #include <nlohmann/json.hpp>
 
-#include "command/CommandError.h"
-#include "command/Kinds.h"
+#include "command/console/CommandError.h"
+#include "command/formats/Kinds.h"
 #include "command/json/ProfileJson.h"
 
 namespace orvale {

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "command/FormatTable.h"
-#include "command/Profile.h"
+#include "command/formats/FormatTable.h"
+#include "command/formats/Profile.h"
 #include "command/json/JsonArchive.h"
 #include "command/json/JsonText.h"
 #include "host/Formats.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "command/CommandError.h"
+#include "command/console/CommandError.h"
 #include "platform/File.h"
 
 namespace orvale {

@@ -4,7 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <vector>
 
-#include "command/CommandError.h"
+#include "command/console/CommandError.h"
 
 namespace orvale {
 namespace {

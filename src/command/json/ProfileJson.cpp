@@ -3,7 +3,7 @@
 #include <nlohmann/json.hpp>
 #include <type_traits>
 
-#include "command/CommandError.h"
+#include "command/console/CommandError.h"
 #include "command/json/JsonText.h"
 #include "platform/Format.h"
 

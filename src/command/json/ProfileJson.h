@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "command/Profile.h"
+#include "command/formats/Profile.h"
 #include "command/json/JsonArchive.h"
 #include "host/Facts.h"
 #include "host/Formats.h"

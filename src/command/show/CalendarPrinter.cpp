@@ -3,9 +3,9 @@
 #include <sstream>
 #include <tuple>
 
-#include "command/Wording.h"
 #include "command/show/RecordPrinter.h"
 #include "command/show/Titles.h"
+#include "command/show/Wording.h"
 #include "host/Facts.h"
 #include "platform/Format.h"
 #include "platform/Text.h"

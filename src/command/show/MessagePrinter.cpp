@@ -1,6 +1,6 @@
-#include "command/Wording.h"
 #include "command/show/RecordPrinter.h"
 #include "command/show/Titles.h"
+#include "command/show/Wording.h"
 #include "host/Facts.h"
 #include "platform/Format.h"
 #include "platform/Terminal.h"

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "command/show/Screen.h"
+#include "command/console/Screen.h"
 #include "records/GeneralSyncData.h"
 
 namespace orvale {

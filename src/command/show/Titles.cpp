@@ -1,6 +1,6 @@
 #include "command/show/Titles.h"
 
-#include "command/Wording.h"
+#include "command/show/Wording.h"
 
 namespace orvale {
 // The full name, else the other names in the order in which they are said; else the first value that there is.

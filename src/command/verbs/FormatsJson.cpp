@@ -1,0 +1,52 @@
+#include "command/verbs/FormatsJson.h"
+
+#include <nlohmann/json.hpp>
+
+#include "command/formats/FormatTable.h"
+#include "command/json/JsonDocument.h"
+
+namespace orvale {
+namespace {
+
+using OrderedJson = nlohmann::ordered_json;
+
+std::string Dump(const OrderedJson& value) {
+    return value.dump(2, ' ', false, OrderedJson::error_handler_t::replace) + "\n";
+}
+
+}  // namespace
+
+std::string FormatsJson() {
+    OrderedJson list = OrderedJson::array();
+    for (const FormatRow& row : FormatTable()) {
+        OrderedJson object;
+        object["name"] = row.name;
+        object["kind"] = row.kind ? OrderedJson(KindWord(*row.kind)) : OrderedJson();
+        object["extension"] = row.extension;
+        object["type"] = row.type ? OrderedJson(static_cast<FileType>(*row.type)) : OrderedJson();
+        object["reads"] = row.Reads();
+        object["writes"] = row.writes;
+        list.push_back(std::move(object));
+    }
+    return Dump(list);
+}
+
+std::string InfoJson(const std::vector<FileInfo>& infos, bool asList) {
+    OrderedJson list = OrderedJson::array();
+    for (const FileInfo& info : infos) {
+        OrderedJson object;
+        object["file"] = info.file;
+        object["format"] = info.format;
+        object["kind"] = info.kind;
+        object["fileVersion"] = info.fileVersion;
+        object["verify"] = {{"code", info.verifyCode}, {"name", info.verifyName}};
+        object["header"] = info.header ? 1 : 0;
+        object["records"] = info.records;
+        object["truncated"] = info.truncated;
+        list.push_back(std::move(object));
+    }
+    if (asList) return Dump(list);
+    return list.empty() ? std::string() : Dump(list.front());
+}
+
+}  // namespace orvale

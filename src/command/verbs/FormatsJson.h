@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "command/verbs/Info.h"
+
+namespace orvale {
+
+/// The list of `orvale formats --json`.
+std::string FormatsJson();
+
+/// The result of `orvale info --json`: one object, or a list. No object at all gives an empty text or an empty list.
+std::string InfoJson(const std::vector<FileInfo>& infos, bool asList);
+
+}  // namespace orvale
