@@ -95,7 +95,7 @@ if(EXISTS ${BUILD}/pages)
     endforeach()
 endif()
 
-# By pkg-config.
+# By pkg-config, as the documents tell.
 find_program(PKG_CONFIG NAMES pkg-config pkgconf)
 if(NOT PKG_CONFIG)
     return()
@@ -103,10 +103,19 @@ endif()
 file(GLOB_RECURSE package ${SCRATCH}/installed/orvale.pc)
 get_filename_component(folder ${package} DIRECTORY)
 set(ENV{PKG_CONFIG_PATH} ${folder})
-run(${PKG_CONFIG} --cflags --libs orvale)
-separate_arguments(options UNIX_COMMAND "${output}")
-run(${PKG_CONFIG} --variable=module orvale)
-string(STRIP "${output}" module)
-run(${COMPILER} -std=c++20 ${flags} -DORVALE_MODULE="${module}" ${SOURCE}/docs/examples/read_contacts.cpp
-    -o ${SCRATCH}/by-pkg-config ${options})
-run(${SCRATCH}/by-pkg-config ${samples}/contacts-cp1252.vcf)
+
+# Leaves the program that the command of a document builds as a.out in a folder of the name.
+function(build_as_told document name)
+    file(STRINGS ${SOURCE}/${document} command REGEX "^c\\+\\+ ")
+    if(NOT command)
+        message(FATAL_ERROR "${document} tells no command that begins with c++")
+    endif()
+    string(REGEX REPLACE "^c\\+\\+ " "${COMPILER} ${flags} " command "${command}")
+    file(COPY ${SOURCE}/docs/examples/ DESTINATION ${SCRATCH}/${name})
+    run(sh -c "cd ${SCRATCH}/${name} && ${command}")
+endfunction()
+
+build_as_told(README.md read)
+run(${SCRATCH}/read/a.out ${samples}/contacts-cp1252.vcf)
+build_as_told(docs/using-the-library.md write)
+run(${SCRATCH}/write/a.out ${SCRATCH}/by-pkg-config.xml)
