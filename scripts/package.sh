@@ -9,7 +9,7 @@ if command -v ccache >/dev/null; then export CMAKE_CXX_COMPILER_LAUNCHER=ccache;
 # The dates in manual and changelog are those of the last change, so that the same sources make the same packages.
 if [[ -z ${SOURCE_DATE_EPOCH-} ]] && date=$(git log -1 --format=%ct 2>/dev/null); then export SOURCE_DATE_EPOCH=$date; fi
 
-echo "Building, which takes a minute or two the first time"
+echo "Building, which takes some minutes the first time"
 cmake --preset release --log-level=WARNING >/dev/null
 cmake --build --preset release --target Orvale orvale orvale_host orvale_pages -- --quiet
 rm -f build/release/*.deb
