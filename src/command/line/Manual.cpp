@@ -23,7 +23,9 @@ constexpr EnvironmentRow kEnvironment[] = {
     {"XDG_CONFIG_HOME",
      "Where ORVALE_REGISTRY is not set, the registry file is orvale/user.reg in this folder, and "
      "in .config of the home folder where this isn't set either."},
-    {"TMPDIR", "The folder for the temporary files of standard input and standard output, in place of /tmp."},
+    {"TMPDIR",
+     "The folder for the temporary files of standard input and standard output, and for the page of view, in place of "
+     "/tmp."},
     {"NO_COLOR", "If it is set and not empty, nothing is coloured unless --color=always asks for it."},
 };
 
@@ -266,17 +268,18 @@ std::string CommandPage(const std::string& date) {
 }
 
 std::string FormatsPage(const std::filesystem::path& documents, const std::string& date) {
-    std::string text = Title("5", date) + Section("NAME") +
-                       "orvale \\- the file formats that orvale reads and writes\n" + Section("DESCRIPTION") +
-                       Prose(
-                           "Each format holds records of one kind: contacts, calendar, sms or email; only the JSON "
-                           "document takes any of them. The words at the head of each section name a format behind "
-                           "--from, --to and --format of orvale(1).") +
-                       "\n.PP\n" +
-                       Prose(
-                           "A profile tells what a phone can store, or what the columns of a file mean. orvale shows "
-                           "that of a file with --profile-only and takes one with --profile.") +
-                       "\n" + Section("FORMATS");
+    std::string text =
+        Title("5", date) + Section("NAME") + "orvale \\- the file formats that orvale reads and writes\n" +
+        Section("DESCRIPTION") +
+        Prose(
+            "Each format holds records of one kind: contacts, calendar, sms or email; the JSON document "
+            "and the HTML page take any of them. The words at the head of each section name a format behind "
+            "--from, --to and --format of orvale(1).") +
+        "\n.PP\n" +
+        Prose(
+            "A profile tells what a phone can store, or what the columns of a file mean. orvale shows "
+            "that of a file with --profile-only and takes one with --profile.") +
+        "\n" + Section("FORMATS");
     for (const FormatRow& row : FormatTable())
         text += FormatEntry(row, documents);
     return text + Section("\"SEE ALSO\"") + ".BR orvale (1)\n";
