@@ -18,13 +18,13 @@ bool IsAsked(const Road& road) {
     return !WalksAll() || road.Name().find(getenv("ORVALE_FAULTS")) != std::string::npos;
 }
 
-// Each road with a fault at one of its calls after the other, until there is no such call. In a test of every day only
-// every `stride`-th call, another one on each road.
 // Formats of libraries that end the process where memory runs out, or go without what they can't load.
 bool IsOfAnotherLibrary(const Road& road) {
     return road.Name().find(" ics") != std::string::npos || road.Name().find(" mbox") != std::string::npos;
 }
 
+// Each road with a fault at one of its calls after the other, until there is no such call. In a test of every day only
+// every `stride`-th call, another one on each road.
 void Walk(Fault fault, std::size_t stride) {
     if (!CanMake(fault.kind)) GTEST_SKIP() << "no such faults here";
     if (WalksAll()) stride = 1;
