@@ -14,12 +14,14 @@ using orvale::ForEachChild;
 using orvale::Operation;
 using orvale::Overloaded;
 using orvale::Require;
+using orvale::RequireNode;
 
 namespace {
 
-constexpr std::u16string_view kIdentifier = u"suite-calendar";
-
 // ---- the document
+
+constexpr orvale::SuiteNames kNames = {
+    .root = u"calendar", .identifier = u"suite-calendar", .entries = u"calendarentries", .entry = u"data"};
 
 const CommentTable& TypeComment() {
     static const CommentTable comments =
@@ -59,11 +61,11 @@ struct Fields {};
 
 struct DataElement {
     std::u16string_view name;
-    std::variant<std::int32_t CCalendarItem::*, std::u16string CCalendarItem::*, DateValue CCalendarItem::*, Unsigned,
-                 Fields>
-        member;
+    orvale::Member<CCalendarItem, Unsigned, Fields> member;
     const CommentTable& (*comments)() = nullptr;  ///< what stands before the element
     std::int32_t version = 0;                     ///< only records of this layout have the member
+
+    bool Concerns(const CCalendarItem& item) const { return version == 0 || version == item.GetVersion(); }
 };
 
 using Item = CCalendarItem;
@@ -106,6 +108,26 @@ constexpr FieldElement kFields[] = {
     {u"phoneno", CAL_FIELD_PHONENO},
 };
 
+void AddField(CCalendarItem& item, std::int32_t type, std::u16string text) {
+    auto field = std::make_unique<CCalendarField>();
+    field->Type = type;
+    field->Data = std::move(text);
+    item.fields.push_back(std::move(field));
+}
+
+// A date that can't be converted is no failure, but the record shows it.
+void TakeDate(CCalendarItem& item, DateValue& date, std::u16string_view text) {
+    if (!orvale::UtcTextToDate(orvale::Trim(text), date)) item.operation = OPERATION_MODIFY;
+}
+
+void TakeMember(CCalendarItem& item, const DataElement& row, const std::u16string& text) {
+    std::visit(Overloaded{[&](std::int32_t Item::*number) { item.*number = orvale::ToNumber(text); },
+                          [&](std::u16string Item::*member) { item.*member = text; },
+                          [&](DateValue Item::*date) { TakeDate(item, item.*date, text); },
+                          [&](Unsigned number) { item.*number.member = orvale::ToNumber(text); }, [](Fields) {}},
+               row.member);
+}
+
 // The element of a config's type; other types have none.
 std::u16string_view ConfigName(std::int32_t type) {
     return type == PHONE_EVENT_TYPE ? u"event" : type == PHONE_TODO_TYPE ? u"todo" : u"";
@@ -125,12 +147,7 @@ std::u16string FlagsComment() {
 
 }  // namespace
 
-CCDXMLFile::CCDXMLFile() : SuiteFile(u"ORVALE - CCDXMLFile::Open") {}
-
-std::int32_t CCDXMLFile::Open(const char16_t* fileName, const std::uint32_t* openFlags) {
-    Operation operation(*this, u"ORVALE - CCDXMLFile::Open", Operation::kBegin | Operation::kFinish);
-    return operation.Run([&] { OpenDocument(operation, fileName, openFlags); });
-}
+CCDXMLFile::CCDXMLFile() : SuiteFile(kNames, {u"ORVALE - CCDXMLFile::Open", Operation::kBegin | Operation::kFinish}) {}
 
 void CCDXMLFile::Close() {
     if (HasDocument()) {
@@ -150,14 +167,6 @@ void CCDXMLFile::SetProfile(const void* profile) {
     });
 }
 
-void CCDXMLFile::GetProfile(const void** profile) {
-    if (HasDocument() && profile != nullptr) *profile = &profile_;
-}
-
-std::int32_t CCDXMLFile::Verify() {
-    return JudgeIdentifier(kIdentifier);
-}
-
 // ---- reading
 
 std::int32_t CCDXMLFile::ReadFileHeader() {
@@ -167,26 +176,25 @@ std::int32_t CCDXMLFile::ReadFileHeader() {
         Require(HasDocument());
         profile_ = {};
         operation.Tell(u"Get Profile Node");
-        const NodeHandle profile = Document().FindChild(u"profile", {});
-        if (!profile) operation.Tell(u"NULL Profile Node");
-        Require(static_cast<bool>(profile));
-        ForEachChild(Document(), profile, [&](NodeHandle child) {
-            if (Document().HasNameNoCase(child, u"dllname")) {
-                operation.Tell(u"Read Dll Name");
-                profile_.dllname = Document().GetText(child);
-            } else if (Document().HasNameNoCase(child, u"handset")) {
-                operation.Tell(u"Read Phone ID");
-                profile_.handset = Document().GetText(child);
-            } else if (Document().HasNameNoCase(child, u"event")) {
-                operation.Tell(u"Read Event Config");
-                ReadConfig(child, PHONE_EVENT_TYPE);
-            } else if (Document().HasNameNoCase(child, u"todo")) {
-                operation.Tell(u"Read Todo Config");
-                ReadConfig(child, PHONE_TODO_TYPE);
-            }
-        });
-        SetEntries(Document().FindChild(u"calendarentries", {}));
+        ForEachChild(Document(), FindProfile(operation), [&](NodeHandle child) { ReadOfProfile(operation, child); });
+        FindEntries();
     });
+}
+
+void CCDXMLFile::ReadOfProfile(const Operation& operation, NodeHandle node) {
+    if (Document().HasNameNoCase(node, u"dllname")) {
+        operation.Tell(u"Read Dll Name");
+        profile_.dllname = Document().GetText(node);
+    } else if (Document().HasNameNoCase(node, u"handset")) {
+        operation.Tell(u"Read Phone ID");
+        profile_.handset = Document().GetText(node);
+    } else if (Document().HasNameNoCase(node, u"event")) {
+        operation.Tell(u"Read Event Config");
+        ReadConfig(node, PHONE_EVENT_TYPE);
+    } else if (Document().HasNameNoCase(node, u"todo")) {
+        operation.Tell(u"Read Todo Config");
+        ReadConfig(node, PHONE_TODO_TYPE);
+    }
 }
 
 void CCDXMLFile::ReadConfig(NodeHandle node, std::int32_t type) {
@@ -207,45 +215,28 @@ std::int32_t CCDXMLFile::Read(void** record) {
         Require(Entries() && record != nullptr);
         *record = &item_;
         item_.Clear();
-        const NodeHandle node = NextEntry(u"data");
+        const NodeHandle node = NextEntry();
         operation.Tell(u"Load Calendar");
-        Require(static_cast<bool>(node));
-        LoadCalendar(item_, node);
+        LoadCalendar(item_, RequireNode(node));
     });
 }
 
 void CCDXMLFile::LoadCalendar(CCalendarItem& item, NodeHandle node) {
-    const auto tell = [&](NodeHandle child, const std::u16string& text) {
-        if (orvale::LogEnabled())
-            orvale::LogFormat(u"ORVALE - CCDXMLFile::LoadCalendar : %s  - %s\r\n", Document().GetName(child), text);
-    };
-    // A date that can't be converted is no failure, but the record shows it.
-    const auto takeDate = [&](std::u16string_view text, DateValue& date) {
-        if (!orvale::UtcTextToDate(orvale::Trim(text), date)) item.operation = OPERATION_MODIFY;
-    };
     orvale::RowFinder<DataElement> rows(kData);
     ForEachChild(Document(), node, [&](NodeHandle child) {
         const auto hasName = [&](std::u16string_view name) { return Document().HasNameNoCase(child, name); };
-        if (const auto* const field = std::find_if(std::begin(kFields), std::end(kFields),
-                                                   [&](const FieldElement& row) { return hasName(row.name); });
-            field != std::end(kFields)) {
-            auto added = std::make_unique<CCalendarField>();
-            added->Type = field->type;
-            added->Data = Document().GetText(child);
-            tell(child, added->Data);
-            item.fields.push_back(std::move(added));
-            return;
-        }
-        const DataElement* const row = rows.Find(hasName);
-        if (row == nullptr) return;
-        const std::u16string text = Document().GetText(child);
-        tell(child, text);
-        if (row->version != 0 && row->version != item.GetVersion()) return;
-        std::visit(Overloaded{[&](std::int32_t Item::*number) { item.*number = orvale::ToNumber(text); },
-                              [&](std::u16string Item::*member) { item.*member = text; },
-                              [&](DateValue Item::*date) { takeDate(text, item.*date); },
-                              [&](Unsigned number) { item.*number.member = orvale::ToNumber(text); }, [](Fields) {}},
-                   row->member);
+        const auto* const field = std::find_if(std::begin(kFields), std::end(kFields),
+                                               [&](const FieldElement& each) { return hasName(each.name); });
+        const bool isField = field != std::end(kFields);
+        const DataElement* const row = isField ? nullptr : rows.Find(hasName);
+        if (!isField && row == nullptr) return;
+        std::u16string text = Document().GetText(child);
+        if (orvale::LogEnabled())
+            orvale::LogFormat(u"ORVALE - CCDXMLFile::LoadCalendar : %s  - %s\r\n", Document().GetName(child), text);
+        if (isField)
+            AddField(item, field->type, std::move(text));
+        else if (row->Concerns(item))
+            TakeMember(item, *row, text);
     });
     orvale::LogText(std::u16string(104, u'=') + u"\r\n");
 }
@@ -257,27 +248,21 @@ std::int32_t CCDXMLFile::WriteFileHeader() {
     return operation.Run([&] {
         operation.Tell(u"Check file status");
         Require(HasDocument());
-        EmptyDocument();
-        operation.Tell(u"Create XML header");
-        Document().CreateHeader();
-        operation.Tell(u"Create root node");
-        const NodeHandle root = Document().CreateRoot(u"calendar");
-        if (!root) operation.Tell(u"Failed to create root node");
-        Require(static_cast<bool>(root));
-        operation.Tell(u"Set root attribute");
-        SetRootAttributes(root, kIdentifier);
+        const NodeHandle root = StartDocument(operation, {.header = u"Create XML header",
+                                                          .root = u"Create root node",
+                                                          .noRoot = u"Failed to create root node",
+                                                          .attributes = u"Set root attribute"});
         AddIndent(Document(), root, 0);
         Document().AddComment(FlagsComment(), root);
         operation.Tell(u"Create profile node");
-        const NodeHandle profile = AddElement(Document(), root, u"profile", 1);
-        if (!profile) operation.Tell(u"Failed to create profile node");
-        Require(static_cast<bool>(profile));
+        const NodeHandle profile =
+            RequireNode(operation, AddElement(Document(), root, u"profile", 1), u"Failed to create profile node");
         AddElement(Document(), profile, u"handset", 2, profile_.handset);
         AddElement(Document(), profile, u"dllname", 2, profile_.dllname);
         for (const auto& config : profile_.configSet.configs)
             if (config) WriteConfig(profile, *config);
         AddIndent(Document(), profile, 1);
-        SetEntries(AddElement(Document(), root, u"calendarentries", 1));
+        StartEntries(root);
     });
 }
 
@@ -297,22 +282,19 @@ std::int32_t CCDXMLFile::Write(const void* record) {
         operation.Tell(u"Check the object");
         Require(record != nullptr);
         operation.Tell(u"Check the entries");
-        Require(static_cast<bool>(Entries()));
+        RequireNode(Entries());
         operation.Tell(u"Write the object");
-        Require(WriteCalendar(*static_cast<const CCalendarItem*>(record), Entries()) != 0);
+        Require(WriteCalendar(*static_cast<const CCalendarItem*>(record)) != 0);
     });
 }
 
-std::int32_t CCDXMLFile::WriteCalendar(const CCalendarItem& item, NodeHandle entries) {
+std::int32_t CCDXMLFile::WriteCalendar(const CCalendarItem& item) {
     Operation operation(*this, u"ORVALE - CCDXMLFile::WriteCalendar");
     return operation.Run([&] {
         orvale::LogCalendar(&item);
-        const NodeHandle node = AddElement(Document(), entries, u"data", 2);
-        if (!node) operation.Tell(u"Failed to create the data node");
-        Require(static_cast<bool>(node));
-        AddNumberComment(node, 3);
+        const NodeHandle node = RequireNode(operation, StartEntry(), u"Failed to create the data node");
         for (const DataElement& row : kData) {
-            if (row.version != 0 && row.version != item.GetVersion()) continue;
+            if (!row.Concerns(item)) continue;
             if (row.comments != nullptr) WriteCommentTable(Document(), row.comments(), node, 3);
             const auto add = [&](const std::u16string& text) { AddElement(Document(), node, row.name, 3, text); };
             std::visit(Overloaded{[&](auto member) { add(orvale::ToText(item.*member)); },
@@ -320,7 +302,7 @@ std::int32_t CCDXMLFile::WriteCalendar(const CCalendarItem& item, NodeHandle ent
                                   [&](Fields) { WriteFields(item, node); }},
                        row.member);
         }
-        AddIndent(Document(), node, 2);
+        EndEntry(node);
     });
 }
 

@@ -12,24 +12,23 @@ class CCDXMLFile : public orvale::SuiteFile {
  public:
     CCDXMLFile();
 
-    using SuiteFile::Open;
     using SuiteFile::Read;
     using SuiteFile::Write;
     void Close() override;
-    std::int32_t Open(const char16_t* fileName, const std::uint32_t* openFlags) override;
     void SetProfile(const void* profile) override;
     std::int32_t ReadFileHeader() override;
-    std::int32_t Verify() override;
     std::int32_t Read(void** record) override;
     std::int32_t WriteFileHeader() override;
     std::int32_t Write(const void* record) override;
-    void GetProfile(const void** profile) override;
 
  private:
+    const void* OwnProfile() const override { return &profile_; }
+
+    void ReadOfProfile(const orvale::Operation& operation, NodeHandle node);
     void ReadConfig(NodeHandle node, std::int32_t type);
     void LoadCalendar(CCalendarItem& item, NodeHandle node);
     void WriteConfig(NodeHandle profile, const CCalendarConfig& config);
-    std::int32_t WriteCalendar(const CCalendarItem& item, NodeHandle entries);
+    std::int32_t WriteCalendar(const CCalendarItem& item);
     void WriteFields(const CCalendarItem& item, NodeHandle node);
 
     CCalendarItem item_;

@@ -57,6 +57,15 @@ CommentTable& CommentTable::TextsInColumns(ValueTable values, std::initializer_l
     return *this;
 }
 
+CommentTable PhoneConfigComments(ValueTable flags) {
+    return CommentTable()
+        .Rule()
+        .Line(u"The config node includes the flags that illustrate what type of operations the phone ")
+        .Line(u"supports. The value can be one or more of the following flags:")
+        .Values(flags, 5)
+        .Rule();
+}
+
 std::u16string JoinNames(ValueTable values, std::u16string_view format, std::u16string_view separator) {
     std::u16string text;
     for (const NamedValue& value : values) {

@@ -41,6 +41,9 @@ class CommentTable {
     std::vector<std::u16string> comments_;
 };
 
+/// What explains the `config` of a profile, of which these are the flags.
+CommentTable PhoneConfigComments(ValueTable flags);
+
 /// Each value by a format of name and number, with `separator` between.
 std::u16string JoinNames(ValueTable values, std::u16string_view format, std::u16string_view separator);
 

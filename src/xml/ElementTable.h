@@ -17,12 +17,15 @@
 /// are decimal, dates are UTC text.
 namespace orvale {
 
-/// An element that holds one member of a record; a table has these in their order of writing. A format may add kinds of
-/// its own to the members, and handles those itself.
+/// A member of a record that an element can hold. A format may add kinds of its own, and handles those itself.
+template <class Record, class... Own>
+using Member = std::variant<std::int32_t Record::*, std::u16string Record::*, DateValue Record::*, Own...>;
+
+/// An element that holds one member of a record; a table has these in their order of writing.
 template <class Record, class... Own>
 struct Element {
     std::u16string_view name;
-    std::variant<std::int32_t Record::*, std::u16string Record::*, DateValue Record::*, Own...> member;
+    Member<Record, Own...> member;
 };
 
 /// An element that holds one entry of a list; entry i of all lists of a table makes one parent of such elements.
@@ -94,14 +97,30 @@ void AddElements(CXMLDocument& document, NodeHandle parent, const Element<Record
                    row.member);
 }
 
-/// An element for each column, of the lists' entries at an index. Throws std::out_of_range behind a list's end.
+/// An element that holds those of a table; its closing tag stands on a line of its own.
+template <class Record, std::size_t kRows>
+void AddParent(CXMLDocument& document, NodeHandle grandparent, std::u16string_view name, std::int32_t indent,
+               const Element<Record> (&table)[kRows], const Record& record) {
+    const NodeHandle parent = AddElement(document, grandparent, name, indent);
+    if (!parent) return;
+    AddElements(document, parent, table, record, indent + 1);
+    AddIndent(document, parent, indent);
+}
+
+/// An element that holds one for each column, of the lists' entries at an index. Throws std::out_of_range behind a
+/// list's end, which leaves the element as far as it came.
 template <class Record, std::size_t kColumns>
-void AddEntry(CXMLDocument& document, NodeHandle parent, const Column<Record> (&columns)[kColumns],
-              const Record& record, std::size_t index, std::int32_t indent) {
-    for (const Column<Record>& column : columns)
-        std::visit(
-            [&](auto list) { AddElement(document, parent, column.name, indent, ToText((record.*list).at(index))); },
-            column.list);
+void AddParent(CXMLDocument& document, NodeHandle grandparent, std::u16string_view name, std::int32_t indent,
+               const Column<Record> (&columns)[kColumns], const Record& record, std::size_t index) {
+    const NodeHandle parent = AddElement(document, grandparent, name, indent);
+    if (!parent) return;
+    for (const Column<Record>& column : columns) {
+        const auto add = [&](auto list) {
+            AddElement(document, parent, column.name, indent + 1, ToText((record.*list).at(index)));
+        };
+        std::visit(add, column.list);
+    }
+    AddIndent(document, parent, indent);
 }
 
 // ---- reading
@@ -138,16 +157,24 @@ class RowFinder {
     std::size_t next_ = 0;
 };
 
+/// Runs `take` with each child of a node that a row names exactly and with that row, and `other` with the others.
+template <class Row, std::size_t kRows, class Take, class Other>
+void ForEachNamed(const CXMLDocument& document, NodeHandle parent, const Row (&table)[kRows], Take take, Other other) {
+    RowFinder<Row> rows(table);
+    ForEachChild(document, parent, [&](NodeHandle child) {
+        const Row* const row = rows.Find([&](std::u16string_view name) { return document.HasName(child, name); });
+        row != nullptr ? take(child, *row) : other(child);
+    });
+}
+
 /// Takes each child of a node that a row names exactly; `other` gets the children that no row names.
 template <class Record, std::size_t kRows, class Other>
 void TakeElements(const CXMLDocument& document, NodeHandle parent, const Element<Record> (&table)[kRows],
                   Record& record, Other other) {
-    RowFinder<Element<Record>> rows(table);
-    ForEachChild(document, parent, [&](NodeHandle child) {
-        const auto* const row = rows.Find([&](std::u16string_view name) { return document.HasName(child, name); });
-        if (row == nullptr) return other(child);
-        std::visit([&](auto member) { FromText(document.GetText(child), record.*member); }, row->member);
-    });
+    const auto take = [&](NodeHandle child, const Element<Record>& row) {
+        std::visit([&](auto member) { FromText(document.GetText(child), record.*member); }, row.member);
+    };
+    ForEachNamed(document, parent, table, take, other);
 }
 
 template <class Record, std::size_t kRows>

@@ -5,20 +5,23 @@
 using orvale::AddElement;
 using orvale::AddElements;
 using orvale::AddIndent;
+using orvale::AddParent;
 using orvale::CommentTable;
 using orvale::Element;
 using orvale::ForEachChild;
 using orvale::Operation;
 using orvale::Overloaded;
 using orvale::Require;
+using orvale::RequireNode;
 using orvale::TakeElements;
 using orvale::ValueTable;
 
 namespace {
 
-constexpr std::u16string_view kIdentifier = u"suite-email";
-
 // ---- the document
+
+constexpr orvale::SuiteNames kNames = {
+    .root = u"email", .identifier = u"suite-email", .entries = u"emailentries", .entry = u"email"};
 
 constexpr Element<CEmailProfile> kProfile[] = {
     {u"handset", &CEmailProfile::handset},
@@ -75,15 +78,6 @@ constexpr EmailElement kEmail[] = {
     {u"entryid", &CEmailItem::entryid},
     {u"accessory", Accessory()},
 };
-
-CommentTable ConfigComments() {
-    return CommentTable()
-        .Rule()
-        .Line(u"The config node includes the flags that illustrate what type of operations the phone ")
-        .Line(u"supports. The value can be one or more of the following flags:")
-        .Values(orvale::kEmailPhoneFlags, 5)
-        .Rule();
-}
 
 CommentTable DeviceComments() {
     return CommentTable()
@@ -151,18 +145,12 @@ CommentTable EmailComments() {
 
 }  // namespace
 
-CMLXMLFile::CMLXMLFile() : SuiteFile(u"ORVALE - CMLXMLFile::Open") {}
+CMLXMLFile::CMLXMLFile()
+    : SuiteFile(kNames, {u"ORVALE - CMLXMLFile::Open", Operation::kAll, u"Failed to initialize the XML file",
+                         u"Failed to load the XML file"}) {}
 
 CMLXMLFile::~CMLXMLFile() {
     CMLXMLFile::Close();
-}
-
-std::int32_t CMLXMLFile::Open(const char16_t* fileName, const std::uint32_t* openFlags) {
-    Operation operation(*this, u"ORVALE - CMLXMLFile::Open");
-    return operation.Run([&] {
-        OpenDocument(operation, fileName, openFlags,
-                     {u"Failed to initialize the XML file", u"Failed to load the XML file"});
-    });
 }
 
 void CMLXMLFile::Close() {
@@ -182,15 +170,11 @@ void CMLXMLFile::SetProfile(const void* profile) {
     orvale::LogText(u"ORVALE - CMLXMLFile::SetProfile : Finish\r\n");
 }
 
-void CMLXMLFile::GetProfile(const void** profile) {
-    if (HasDocument() && profile != nullptr) *profile = &profile_;
-}
-
 std::int32_t CMLXMLFile::Verify() {
-    VerifyCode code = VERIFY_OK;
+    std::int32_t code = VERIFY_OK;
     constexpr unsigned kLines = Operation::kBegin | Operation::kSucceeded | Operation::kFailed;
     Operation(*this, u"ORVALE - CMLXMLFile::Verify", kLines).Run([&] {
-        code = JudgeIdentifier(kIdentifier);
+        code = SuiteFile::Verify();
         Require(code == VERIFY_OK);
     });
     return code;
@@ -203,13 +187,8 @@ std::int32_t CMLXMLFile::ReadFileHeader() {
     return operation.Run([&] {
         Require(HasDocument());
         profile_.Reset();
-        const NodeHandle profile = Document().FindChild(u"profile", {});
-        if (!profile) operation.Tell(u"NULL Profile Node");
-        Require(static_cast<bool>(profile));
-        const bool isRead = ReadXMLProfile(profile) != 0;
-        if (!isRead) operation.Tell(u"Failed to get XML Profile");
-        Require(isRead);
-        SetEntries(Document().FindChild(u"emailentries", {}));
+        Require(operation, ReadXMLProfile(FindProfile(operation)) != 0, u"Failed to get XML Profile");
+        FindEntries();
     });
 }
 
@@ -276,25 +255,21 @@ std::int32_t CMLXMLFile::Read(void** record) {
         Require(HasDocument() && Entries() && record != nullptr);
         *record = &email_;
         email_.Reset();
-        Require(ReadEmail(email_, NextEntry(u"email")) != 0);
+        Require(ReadEmail(email_, NextEntry()) != 0);
     });
 }
 
 std::int32_t CMLXMLFile::ReadEmail(CEmailItem& email, NodeHandle node) {
     constexpr unsigned kLines = Operation::kBegin | Operation::kSucceeded | Operation::kFailed;
     return Operation(*this, u"ORVALE - CMLXMLFile::ReadEmail", kLines).Run([&] {
-        Require(static_cast<bool>(node));
-        orvale::RowFinder<EmailElement> rows(kEmail);
-        ForEachChild(Document(), node, [&](NodeHandle child) {
-            const auto* const row =
-                rows.Find([&](std::u16string_view name) { return Document().HasName(child, name); });
-            if (row == nullptr) return;
-            const auto addFile = [&](NodeHandle file) { email.accessory.push_back(Document().GetText(file)); };
+        const auto addFile = [&](NodeHandle file) { email.accessory.push_back(Document().GetText(file)); };
+        const auto take = [&](NodeHandle child, const EmailElement& row) {
             std::visit(Overloaded{[&](auto member) { orvale::FromText(Document().GetText(child), email.*member); },
                                   [&](Account) { GatherFragment(email.account, child); },
                                   [&](Accessory) { ForEachChild(Document(), child, addFile); }},
-                       row->member);
-        });
+                       row.member);
+        };
+        ForEachNamed(Document(), RequireNode(node), kEmail, take, [](NodeHandle) {});
     });
 }
 
@@ -304,22 +279,16 @@ std::int32_t CMLXMLFile::WriteFileHeader() {
     Operation operation(*this, u"ORVALE - CMLXMLFile::WriteFileHeader");
     return operation.Run([&] {
         Require(HasDocument());
-        operation.Tell(u"Empty the document");
-        EmptyDocument();
-        operation.Tell(u"Create the document header");
-        Document().CreateHeader();
-        operation.Tell(u"Create the document root node");
-        const NodeHandle root = Document().CreateRoot(u"email");
-        Require(static_cast<bool>(root));
-        operation.Tell(u"Set the attributes of root node");
-        SetRootAttributes(root, kIdentifier);
-        WriteCommentTable(ConfigComments(), root, 0);
-        const NodeHandle profile = AddElement(Document(), root, u"profile", 1);
-        if (!profile) operation.Tell(u"Failed to create XML Profile");
-        Require(profile && WriteXMLProfile(profile) != 0);
+        const NodeHandle root = StartDocument(operation, {.empty = u"Empty the document",
+                                                          .header = u"Create the document header",
+                                                          .root = u"Create the document root node",
+                                                          .attributes = u"Set the attributes of root node"});
+        WriteCommentTable(orvale::PhoneConfigComments(orvale::kEmailPhoneFlags), root, 0);
+        const NodeHandle profile =
+            RequireNode(operation, AddElement(Document(), root, u"profile", 1), u"Failed to create XML Profile");
+        Require(WriteXMLProfile(profile) != 0);
         AddIndent(Document(), profile, 1);
-        SetEntries(AddElement(Document(), root, u"emailentries", 1));
-        WriteCommentTable(EmailComments(), Entries(), 2);
+        WriteCommentTable(EmailComments(), StartEntries(root), 2);
     });
 }
 
@@ -334,12 +303,8 @@ std::int32_t CMLXMLFile::WriteXMLProfile(NodeHandle node) {
 std::int32_t CMLXMLFile::WriteXMLDeviceProfile(NodeHandle profile) {
     return Operation(*this, u"ORVALE - CMLXMLFile::WriteXMLDeviceProfile").Run([&] {
         WriteCommentTable(DeviceComments(), profile, 2);
-        for (const auto& device : profile_.devices) {
-            const NodeHandle node = device ? AddElement(Document(), profile, u"device", 2) : NodeHandle();
-            if (!node) continue;
-            AddElements(Document(), node, kDevice, *device, 3);
-            AddIndent(Document(), node, 2);
-        }
+        for (const auto& device : profile_.devices)
+            if (device) AddParent(Document(), profile, u"device", 2, kDevice, *device);
     });
 }
 
@@ -371,8 +336,7 @@ std::int32_t CMLXMLFile::WriteXMLAccountBoxProfile(NodeHandle node, const CEmail
 
 std::int32_t CMLXMLFile::WriteXMLBoxFolderProfile(const std::u16string& folder, NodeHandle node) {
     return Operation(*this, u"ORVALE - CMLXMLFile::WriteXMLBoxFolderProfile").Run([&] {
-        Require(static_cast<bool>(node));
-        SpreadFragment(folder, node, 5);
+        SpreadFragment(folder, RequireNode(node), 5);
         AddIndent(Document(), node, 4);
     });
 }
@@ -389,15 +353,13 @@ void CMLXMLFile::SpreadFragment(const std::u16string& fragment, NodeHandle node,
 std::int32_t CMLXMLFile::Write(const void* record) {
     return Operation(*this, u"ORVALE - CMLXMLFile::Write").Run([&] {
         Require(HasDocument() && record != nullptr && Entries());
-        Require(WriteEmail(*static_cast<const CEmailItem*>(record), Entries()) != 0);
+        Require(WriteEmail(*static_cast<const CEmailItem*>(record)) != 0);
     });
 }
 
-std::int32_t CMLXMLFile::WriteEmail(const CEmailItem& email, NodeHandle entries) {
+std::int32_t CMLXMLFile::WriteEmail(const CEmailItem& email) {
     return Operation(*this, u"ORVALE - CMLXMLFile::WriteEmail", Operation::kBegin).Run([&] {
-        const NodeHandle node = AddElement(Document(), entries, u"email", 2);
-        Require(static_cast<bool>(node));
-        AddNumberComment(node, 3);
+        const NodeHandle node = RequireNode(StartEntry());
         for (const EmailElement& row : kEmail) {
             const auto add = [&](const std::u16string& text) {
                 if (!text.empty()) AddElement(Document(), node, row.name, 3, text);
@@ -407,7 +369,7 @@ std::int32_t CMLXMLFile::WriteEmail(const CEmailItem& email, NodeHandle entries)
                                   [&](Accessory) { WriteAccessory(email, node); }},
                        row.member);
         }
-        AddIndent(Document(), node, 2);
+        EndEntry(node);
     });
 }
 

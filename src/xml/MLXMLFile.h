@@ -16,20 +16,19 @@ class CMLXMLFile : public orvale::SuiteFile {
     CMLXMLFile();
     ~CMLXMLFile() override;
 
-    using SuiteFile::Open;
     using SuiteFile::Read;
     using SuiteFile::Write;
     void Close() override;
-    std::int32_t Open(const char16_t* fileName, const std::uint32_t* openFlags) override;
     void SetProfile(const void* profile) override;
     std::int32_t ReadFileHeader() override;
     std::int32_t Verify() override;
     std::int32_t Read(void** record) override;
     std::int32_t WriteFileHeader() override;
     std::int32_t Write(const void* record) override;
-    void GetProfile(const void** profile) override;
 
  private:
+    const void* OwnProfile() const override { return &profile_; }
+
     std::int32_t ReadXMLProfile(NodeHandle node);
     std::int32_t ReadXMLDeviceProfile(NodeHandle node);
     std::int32_t ReadXMLAccountProfile(NodeHandle node);
@@ -43,7 +42,7 @@ class CMLXMLFile : public orvale::SuiteFile {
     std::int32_t WriteXMLAccountProfile(NodeHandle profile);
     std::int32_t WriteXMLAccountBoxProfile(NodeHandle node, const CEmailAccount& account);
     std::int32_t WriteXMLBoxFolderProfile(const std::u16string& folder, NodeHandle node);
-    std::int32_t WriteEmail(const CEmailItem& email, NodeHandle entries);
+    std::int32_t WriteEmail(const CEmailItem& email);
     void WriteAccount(const CEmailItem& email, NodeHandle node);
     void WriteAccessory(const CEmailItem& email, NodeHandle node);
     void SpreadFragment(const std::u16string& fragment, NodeHandle node, std::int32_t indent);

@@ -6,23 +6,26 @@
 
 using orvale::AddElement;
 using orvale::AddElements;
-using orvale::AddEntry;
 using orvale::AddIndent;
+using orvale::AddParent;
 using orvale::Column;
 using orvale::CommentTable;
 using orvale::Element;
 using orvale::ForEachChild;
 using orvale::Operation;
+using orvale::PhonebookLookup;
 using orvale::Repeated;
 using orvale::Require;
+using orvale::RequireNode;
 using orvale::TakeElements;
 using orvale::ToText;
 
 namespace {
 
-constexpr std::u16string_view kIdentifier = u"suite-phonebook";
-
 // ---- the document
+
+constexpr orvale::SuiteNames kNames = {
+    .root = u"phonebook", .identifier = u"suite-phonebook", .entries = u"contactentries", .entry = u"contact"};
 
 constexpr Element<CPhonebookProfile> kProfile[] = {
     {u"config", &CPhonebookProfile::config},
@@ -78,13 +81,14 @@ std::u16string CodeOf(std::int32_t index) {
     return orvale::Format(u"C%02d", index);
 }
 
-CommentTable ConfigComments() {
-    return CommentTable()
-        .Rule()
-        .Line(u"The config node includes the flags that illustrate what type of operations the phone ")
-        .Line(u"supports. The value can be one or more of the following flags:")
-        .Values(orvale::kPhonebookFlags, 5)
-        .Rule();
+// With commas between, of which a reader takes the first alone.
+std::u16string GroupIds(const CContactField& field) {
+    std::u16string ids;
+    for (const auto& group : field.groups) {
+        if (!ids.empty()) ids += u',';
+        ids += ToText(group.key);
+    }
+    return ids;
 }
 
 CommentTable SpeedDialComments() {
@@ -106,15 +110,10 @@ CommentTable DeviceComments() {
 
 }  // namespace
 
-CPBXMLFile::CPBXMLFile() : SuiteFile(u"ORVALE - CPBXMLFile::Open") {}
+CPBXMLFile::CPBXMLFile() : SuiteFile(kNames, {u"ORVALE - CPBXMLFile::Open", Operation::kBegin | Operation::kFinish}) {}
 
 CPBXMLFile::~CPBXMLFile() {
     CPBXMLFile::Close();
-}
-
-std::int32_t CPBXMLFile::Open(const char16_t* fileName, const std::uint32_t* openFlags) {
-    Operation operation(*this, u"ORVALE - CPBXMLFile::Open", Operation::kBegin | Operation::kFinish);
-    return operation.Run([&] { OpenDocument(operation, fileName, openFlags); });
 }
 
 void CPBXMLFile::Close() {
@@ -133,16 +132,8 @@ void CPBXMLFile::SetProfile(const void* profile) {
     Contained([&] {
         lookup_ = {};
         profile_.CopyFrom(*static_cast<const CPhonebookProfile*>(profile));
-        lookup_ = orvale::PhonebookLookup(profile_);
+        lookup_ = PhonebookLookup(profile_);
     });
-}
-
-void CPBXMLFile::GetProfile(const void** profile) {
-    if (HasDocument() && profile != nullptr) *profile = &profile_;
-}
-
-std::int32_t CPBXMLFile::Verify() {
-    return JudgeIdentifier(kIdentifier);
 }
 
 // ---- reading
@@ -153,11 +144,9 @@ std::int32_t CPBXMLFile::ReadFileHeader() {
         Require(HasDocument());
         lookup_ = {};
         profile_.Clear();
-        const NodeHandle profile = Document().FindChild(u"profile", {});
-        if (!profile) operation.Tell(u"NULL Profile Node");
-        Require(profile && ReadXMLProfile(profile) != 0);
-        lookup_ = orvale::PhonebookLookup(profile_);
-        SetEntries(Document().FindChild(u"contactentries", {}));
+        Require(ReadXMLProfile(FindProfile(operation)) != 0);
+        lookup_ = PhonebookLookup(profile_);
+        FindEntries();
     });
 }
 
@@ -214,66 +203,64 @@ std::int32_t CPBXMLFile::Read(void** record) {
         Require(HasDocument() && Entries() && record != nullptr);
         *record = &contact_;
         contact_.Clear();
-        ReadXMLContact(contact_, NextEntry(u"contact"));
+        ReadXMLContact(contact_, NextEntry());
         orvale::LogContact(&contact_);
     });
 }
 
-// Comments, `device`, `group` and codes that the device doesn't know are no fields.
 void CPBXMLFile::ReadXMLContact(CContactItem& contact, NodeHandle node) {
-    Require(static_cast<bool>(node));
-    const NodeHandle storage = Document().FindChild(u"device", node);
-    Require(static_cast<bool>(storage));
+    const NodeHandle storage = RequireNode(Document().FindChild(u"device", RequireNode(node)));
     contact.Storage = orvale::ToNumber(Document().GetText(storage));
     const auto* const device = lookup_.FindDevice(contact.Storage);
     if (device == nullptr) return;
+    ReadFields(contact, node, *device);
+    auto* const name = const_cast<CContactField*>(contact.GetNameField());
+    if (device->HasGroups() && name != nullptr) ReadGroups(*name, node, *device);
+}
 
+// Comments, `device`, `group` and codes that the device doesn't know are no fields.
+void CPBXMLFile::ReadFields(CContactItem& contact, NodeHandle node, const PhonebookLookup::Device& device) {
     ForEachChild(Document(), node, [&](NodeHandle child) {
-        const std::int32_t type = device->GetTypeByCode(Document().GetName(child));
+        const std::int32_t type = device.GetTypeByCode(Document().GetName(child));
         if (type == -1) return;
         auto field = std::make_unique<CContactField>();
         field->Type = type;
         field->Data = Document().GetText(child);
         contact.fields.push_back(std::move(field));
     });
-    auto* const name = const_cast<CContactField*>(contact.GetNameField());
-    if (!device->HasGroups() || name == nullptr) return;
+}
+
+void CPBXMLFile::ReadGroups(CContactField& name, NodeHandle node, const PhonebookLookup::Device& device) {
     ForEachChild(Document(), node, [&](NodeHandle child) {
         if (!Document().HasName(child, u"group")) return;
         const std::int32_t group = orvale::ToNumber(Document().GetText(child));
-        name->SetGroup(group, device->GetGroupLabel(group));
+        name.SetGroup(group, device.GetGroupLabel(group));
     });
 }
 
 // ---- writing
 
 std::int32_t CPBXMLFile::WriteFileHeader() {
-    return Operation(*this, u"ORVALE - CPBXMLFile::WriteFileHeader", Operation::kBegin | Operation::kFinish).Run([&] {
+    Operation operation(*this, u"ORVALE - CPBXMLFile::WriteFileHeader", Operation::kBegin | Operation::kFinish);
+    return operation.Run([&] {
         Require(HasDocument());
-        EmptyDocument();
-        Document().CreateHeader();
-        const NodeHandle root = Document().CreateRoot(u"phonebook");
-        Require(static_cast<bool>(root));
-        SetRootAttributes(root, kIdentifier);
-        WriteCommentTable(Document(), ConfigComments(), root, 0);
-        const NodeHandle profile = AddElement(Document(), root, u"profile", 1);
-        Require(static_cast<bool>(profile));
+        const NodeHandle root = StartDocument(operation);
+        WriteCommentTable(Document(), orvale::PhoneConfigComments(orvale::kPhonebookFlags), root, 0);
+        const NodeHandle profile = RequireNode(AddElement(Document(), root, u"profile", 1));
         AddElements(Document(), profile, kProfile, profile_, 2);
         if ((profile_.config & PBMD_HAS_SPEEDDIAL) != 0) WriteXMLSpeedDial(profile);
         WriteCommentTable(Document(), DeviceComments(), profile, 2);
         for (const auto& device : profile_.devices)
             if (device) WriteXMLDevice(profile, *device);
         AddIndent(Document(), profile, 1);
-        SetEntries(AddElement(Document(), root, u"contactentries", 1));
+        StartEntries(root);
     });
 }
 
 void CPBXMLFile::WriteXMLSpeedDial(NodeHandle profile) {
     Contained([&] {
         WriteCommentTable(Document(), SpeedDialComments(), profile, 2);
-        const NodeHandle node = AddElement(Document(), profile, u"speeddial", 2);
-        AddElements(Document(), node, kSpeedDial, profile_, 3);
-        AddIndent(Document(), node, 2);
+        AddParent(Document(), profile, u"speeddial", 2, kSpeedDial, profile_);
     });
 }
 
@@ -292,31 +279,23 @@ void CPBXMLFile::WriteXMLTypeSet(NodeHandle node, const CPhonebookDevice& device
     Contained([&] {
         const NodeHandle typeSet = AddElement(Document(), node, u"typeset", 3);
         for (std::size_t i = 0; i < device.typeIds.size(); ++i) {
-            const NodeHandle type = AddElement(Document(), typeSet, CodeOf(static_cast<std::int32_t>(i)), 4);
-            AddEntry(Document(), type, kType, device, i, 5);
-            AddIndent(Document(), type, 4);
+            const std::u16string code = CodeOf(static_cast<std::int32_t>(i));
+            AddParent(Document(), typeSet, code, 4, kType, device, i);
         }
         AddIndent(Document(), typeSet, 3);
     });
 }
 
 void CPBXMLFile::WriteXMLMemoryLocation(NodeHandle node, const CPhonebookDevice& device) {
-    Contained([&] {
-        const NodeHandle location = AddElement(Document(), node, u"memorylocation", 3);
-        AddElements(Document(), location, kMemoryLocation, device, 4);
-        AddIndent(Document(), location, 3);
-    });
+    Contained([&] { AddParent(Document(), node, u"memorylocation", 3, kMemoryLocation, device); });
 }
 
 void CPBXMLFile::WriteXMLGroupSet(NodeHandle node, const CPhonebookDevice& device) {
     Contained([&] {
         const NodeHandle groupSet = AddElement(Document(), node, u"groupset", 3);
         AddElements(Document(), groupSet, kGroupSet, device, 4);
-        for (std::size_t i = 0; i < device.groupIds.size(); ++i) {
-            const NodeHandle group = AddElement(Document(), groupSet, u"group", 4);
-            AddEntry(Document(), group, kGroup, device, i, 5);
-            AddIndent(Document(), group, 4);
-        }
+        for (std::size_t i = 0; i < device.groupIds.size(); ++i)
+            AddParent(Document(), groupSet, u"group", 4, kGroup, device, i);
         AddIndent(Document(), groupSet, 3);
     });
 }
@@ -326,31 +305,23 @@ std::int32_t CPBXMLFile::Write(const void* record) {
         Require(HasDocument() && record != nullptr);
         const auto& contact = *static_cast<const CContactItem*>(record);
         orvale::LogContact(&contact);
-        Require(static_cast<bool>(Entries()));
-        WriteXMLContact(contact, Entries());
+        RequireNode(Entries());
+        WriteXMLContact(contact);
     });
 }
 
-// A field whose type the device doesn't list goes out under "C-1", which no reader takes for a field.
-void CPBXMLFile::WriteXMLContact(const CContactItem& contact, NodeHandle entries) {
-    const NodeHandle node = AddElement(Document(), entries, u"contact", 2);
-    Require(static_cast<bool>(node));
-    AddNumberComment(node, 3);
+void CPBXMLFile::WriteXMLContact(const CContactItem& contact) {
+    const NodeHandle node = RequireNode(StartEntry());
     AddElement(Document(), node, u"device", 3, ToText(contact.Storage));
     const auto* const device = lookup_.FindDevice(contact.Storage);
     const CContactField* const name = contact.GetNameField();
-    if (device != nullptr && device->HasGroups() && name != nullptr) {
-        std::u16string groups;
-        for (const auto& group : name->groups) {
-            if (!groups.empty()) groups += u',';
-            groups += ToText(group.key);
-        }
-        AddElement(Document(), node, u"group", 3, groups);
-    }
+    if (device != nullptr && device->HasGroups() && name != nullptr)
+        AddElement(Document(), node, u"group", 3, GroupIds(*name));
+    // A field whose type the device doesn't list goes out under "C-1", which no reader takes for a field.
     for (const auto& field : contact.fields) {
         if (!field) continue;
         const std::int32_t index = device != nullptr ? device->GetCodeIndex(field->Type) : -1;
         AddElement(Document(), node, CodeOf(index), 3, field->Data);
     }
-    AddIndent(Document(), node, 2);
+    EndEntry(node);
 }

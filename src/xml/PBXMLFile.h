@@ -15,20 +15,18 @@ class CPBXMLFile : public orvale::SuiteFile {
     CPBXMLFile();
     ~CPBXMLFile() override;
 
-    using SuiteFile::Open;
     using SuiteFile::Read;
     using SuiteFile::Write;
     void Close() override;
-    std::int32_t Open(const char16_t* fileName, const std::uint32_t* openFlags) override;
     void SetProfile(const void* profile) override;
     std::int32_t ReadFileHeader() override;
-    std::int32_t Verify() override;
     std::int32_t Read(void** record) override;
     std::int32_t WriteFileHeader() override;
     std::int32_t Write(const void* record) override;
-    void GetProfile(const void** profile) override;
 
  private:
+    const void* OwnProfile() const override { return &profile_; }
+
     std::int32_t ReadXMLProfile(NodeHandle node);
     void ReadXMLSpeedDial(NodeHandle node);
     void ReadXMLDevice(NodeHandle node, CPhonebookDevice& device);
@@ -36,6 +34,8 @@ class CPBXMLFile : public orvale::SuiteFile {
     void ReadXMLMemoryLocation(NodeHandle node, CPhonebookDevice& device);
     void ReadXMLGroupSet(NodeHandle node, CPhonebookDevice& device);
     void ReadXMLContact(CContactItem& contact, NodeHandle node);
+    void ReadFields(CContactItem& contact, NodeHandle node, const orvale::PhonebookLookup::Device& device);
+    void ReadGroups(CContactField& name, NodeHandle node, const orvale::PhonebookLookup::Device& device);
 
     // A failure within one of these ends its element where it stands, and the header goes on.
     void WriteXMLSpeedDial(NodeHandle profile);
@@ -43,7 +43,7 @@ class CPBXMLFile : public orvale::SuiteFile {
     void WriteXMLTypeSet(NodeHandle node, const CPhonebookDevice& device);
     void WriteXMLMemoryLocation(NodeHandle node, const CPhonebookDevice& device);
     void WriteXMLGroupSet(NodeHandle node, const CPhonebookDevice& device);
-    void WriteXMLContact(const CContactItem& contact, NodeHandle entries);
+    void WriteXMLContact(const CContactItem& contact);
 
     CContactItem contact_;
     CPhonebookProfile profile_;

@@ -5,8 +5,8 @@
 
 using orvale::AddElement;
 using orvale::AddElements;
-using orvale::AddEntry;
 using orvale::AddIndent;
+using orvale::AddParent;
 using orvale::Column;
 using orvale::CommentTable;
 using orvale::Element;
@@ -14,13 +14,15 @@ using orvale::ForEachChild;
 using orvale::Operation;
 using orvale::Repeated;
 using orvale::Require;
+using orvale::RequireNode;
 using orvale::TakeElements;
 
 namespace {
 
-constexpr std::u16string_view kIdentifier = u"suite-SMS";
-
 // ---- the document
+
+constexpr orvale::SuiteNames kNames = {
+    .root = u"SMS", .identifier = u"suite-SMS", .entries = u"smsentries", .entry = u"sms"};
 
 constexpr Element<CSMSProfile> kProfile[] = {
     {u"handset", &CSMSProfile::handset},
@@ -67,15 +69,6 @@ constexpr Element<CSMSItem> kSms[] = {
     {u"smstype", &CSMSItem::smstype},
 };
 
-CommentTable ConfigComments() {
-    return CommentTable()
-        .Rule()
-        .Line(u"The config node includes the flags that illustrate what type of operations the phone ")
-        .Line(u"supports. The value can be one or more of the following flags:")
-        .Values(orvale::kSmsPhoneFlags, 5)
-        .Rule();
-}
-
 CommentTable StorageComments() {
     return CommentTable()
         .Line(u"The id node illustrates the storage Identifer. The value may be:   ")
@@ -95,15 +88,10 @@ CommentTable BoxComments() {
 
 }  // namespace
 
-CSMSXMLFile::CSMSXMLFile() : SuiteFile(u"ORVALE - CSMSXMLFile::Open") {}
+CSMSXMLFile::CSMSXMLFile() : SuiteFile(kNames, {u"ORVALE - CSMSXMLFile::Open"}) {}
 
 CSMSXMLFile::~CSMSXMLFile() {
     CSMSXMLFile::Close();
-}
-
-std::int32_t CSMSXMLFile::Open(const char16_t* fileName, const std::uint32_t* openFlags) {
-    Operation operation(*this, u"ORVALE - CSMSXMLFile::Open");
-    return operation.Run([&] { OpenDocument(operation, fileName, openFlags); });
 }
 
 void CSMSXMLFile::Close() {
@@ -121,14 +109,10 @@ void CSMSXMLFile::SetProfile(const void* profile) {
     Contained([&] { profile_.CopyFrom(*static_cast<const CSMSProfile*>(profile)); });
 }
 
-void CSMSXMLFile::GetProfile(const void** profile) {
-    if (HasDocument() && profile != nullptr) *profile = &profile_;
-}
-
 std::int32_t CSMSXMLFile::Verify() {
-    VerifyCode code = VERIFY_OK;
+    std::int32_t code = VERIFY_OK;
     Operation(*this, u"ORVALE - CSMSXMLFile::Verify").Run([&] {
-        code = JudgeIdentifier(kIdentifier);
+        code = SuiteFile::Verify();
         Require(code == VERIFY_OK);
     });
     return code;
@@ -141,13 +125,8 @@ std::int32_t CSMSXMLFile::ReadFileHeader() {
     return operation.Run([&] {
         Require(HasDocument());
         profile_.Reset();
-        const NodeHandle profile = Document().FindChild(u"profile", {});
-        if (!profile) operation.Tell(u"NULL Profile Node");
-        Require(static_cast<bool>(profile));
-        const bool isRead = ReadXMLProfile(profile) != 0;
-        if (!isRead) operation.Tell(u"Failed to get XML Profile");
-        Require(isRead);
-        SetEntries(Document().FindChild(u"smsentries", {}));
+        Require(operation, ReadXMLProfile(FindProfile(operation)) != 0, u"Failed to get XML Profile");
+        FindEntries();
     });
 }
 
@@ -189,9 +168,7 @@ std::int32_t CSMSXMLFile::Read(void** record) {
         Require(HasDocument() && Entries() && record != nullptr);
         *record = &sms_;
         sms_.Reset();
-        const bool isRead = ReadSMSItem(sms_, NextEntry(u"sms")) != 0;
-        if (!isRead) operation.Tell(u"Failed to load SMS Item");
-        Require(isRead);
+        Require(operation, ReadSMSItem(sms_, NextEntry()) != 0, u"Failed to load SMS Item");
         orvale::LogSms(&sms_);
     });
 }
@@ -199,8 +176,7 @@ std::int32_t CSMSXMLFile::Read(void** record) {
 std::int32_t CSMSXMLFile::ReadSMSItem(CSMSItem& sms, NodeHandle node) {
     constexpr unsigned kLines = Operation::kSucceeded | Operation::kFailed | Operation::kFinish;
     return Operation(*this, u"ORVALE - CSMSXMLFile::ReadSMSItem", kLines).Run([&] {
-        Require(static_cast<bool>(node));
-        TakeElements(Document(), node, kSms, sms);
+        TakeElements(Document(), RequireNode(node), kSms, sms);
     });
 }
 
@@ -210,20 +186,11 @@ std::int32_t CSMSXMLFile::WriteFileHeader() {
     Operation operation(*this, u"ORVALE - CSMSXMLFile::WriteFileHeader");
     return operation.Run([&] {
         Require(HasDocument());
-        EmptyDocument();
-        Document().CreateHeader();
-        const NodeHandle root = Document().CreateRoot(u"SMS");
-        Require(static_cast<bool>(root));
-        SetRootAttributes(root, kIdentifier);
-        WriteCommentTable(ConfigComments(), root, 0);
-        const NodeHandle profile = AddElement(Document(), root, u"profile", 1);
-        Require(static_cast<bool>(profile));
-        const bool isWritten = WriteXMLProfile(profile) != 0;
-        if (!isWritten) operation.Tell(u"Failed to write XML Profile");
-        Require(isWritten);
-        SetEntries(AddElement(Document(), root, u"smsentries", 1));
-        if (!Entries()) operation.Tell(u"Failed to create entries");
-        Require(static_cast<bool>(Entries()));
+        const NodeHandle root = StartDocument(operation);
+        WriteCommentTable(orvale::PhoneConfigComments(orvale::kSmsPhoneFlags), root, 0);
+        const NodeHandle profile = RequireNode(AddElement(Document(), root, u"profile", 1));
+        Require(operation, WriteXMLProfile(profile) != 0, u"Failed to write XML Profile");
+        RequireNode(operation, StartEntries(root), u"Failed to create entries");
     });
 }
 
@@ -239,12 +206,8 @@ std::int32_t CSMSXMLFile::WriteXMLProfile(NodeHandle node) {
 std::int32_t CSMSXMLFile::WriteXMLDeviceProfile(NodeHandle node, const CSMSProfile& profile) {
     return Operation(*this, u"ORVALE - CSMSXMLFile::WriteXMLDeviceProfile").Run([&] {
         WriteCommentTable(StorageComments(), node, 2);
-        for (std::size_t i = 0; i < profile.storageIds.size(); ++i) {
-            const NodeHandle storage = AddElement(Document(), node, u"storage", 2);
-            if (!storage) continue;
-            AddEntry(Document(), storage, kStorage, profile, i, 3);
-            AddIndent(Document(), storage, 2);
-        }
+        for (std::size_t i = 0; i < profile.storageIds.size(); ++i)
+            AddParent(Document(), node, u"storage", 2, kStorage, profile, i);
     });
 }
 
@@ -256,15 +219,10 @@ std::int32_t CSMSXMLFile::WriteXMLBoxProfile(NodeHandle node, const CSMSProfile&
             const NodeHandle item = box ? AddElement(Document(), node, u"boxitem", 2) : NodeHandle();
             if (!item) continue;
             AddElements(Document(), item, kBox, *box, 3);
-            const auto addEntries = [&](std::u16string_view name, const auto& columns, std::size_t count) {
-                for (std::size_t i = 0; i < count; ++i) {
-                    const NodeHandle entry = AddElement(Document(), item, name, 3);
-                    AddEntry(Document(), entry, columns, *box, i, 4);
-                    AddIndent(Document(), entry, 3);
-                }
-            };
-            addEntries(u"display", kDisplay, box->displayLabels.size());
-            addEntries(u"subbox", kSubbox, box->subboxIds.size());
+            for (std::size_t i = 0; i < box->displayLabels.size(); ++i)
+                AddParent(Document(), item, u"display", 3, kDisplay, *box, i);
+            for (std::size_t i = 0; i < box->subboxIds.size(); ++i)
+                AddParent(Document(), item, u"subbox", 3, kSubbox, *box, i);
             AddIndent(Document(), item, 2);
         }
     });
@@ -275,17 +233,15 @@ std::int32_t CSMSXMLFile::Write(const void* record) {
         Require(HasDocument() && record != nullptr);
         const auto& sms = *static_cast<const CSMSItem*>(record);
         orvale::LogSms(&sms);
-        Require(Entries() && WriteSMSItem(sms, Entries()) != 0);
+        Require(Entries() && WriteSMSItem(sms) != 0);
     });
 }
 
-std::int32_t CSMSXMLFile::WriteSMSItem(const CSMSItem& sms, NodeHandle entries) {
+std::int32_t CSMSXMLFile::WriteSMSItem(const CSMSItem& sms) {
     return Operation(*this, u"ORVALE - CSMSXMLFile::WriteSMSItem").Run([&] {
-        const NodeHandle node = AddElement(Document(), entries, u"sms", 2);
-        Require(static_cast<bool>(node));
-        AddNumberComment(node, 3);
+        const NodeHandle node = RequireNode(StartEntry());
         AddElements(Document(), node, kSms, sms, 3);
-        AddIndent(Document(), node, 2);
+        EndEntry(node);
     });
 }
 

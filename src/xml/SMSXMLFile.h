@@ -12,20 +12,19 @@ class CSMSXMLFile : public orvale::SuiteFile {
     CSMSXMLFile();
     ~CSMSXMLFile() override;
 
-    using SuiteFile::Open;
     using SuiteFile::Read;
     using SuiteFile::Write;
     void Close() override;
-    std::int32_t Open(const char16_t* fileName, const std::uint32_t* openFlags) override;
     void SetProfile(const void* profile) override;
     std::int32_t ReadFileHeader() override;
     std::int32_t Verify() override;
     std::int32_t Read(void** record) override;
     std::int32_t WriteFileHeader() override;
     std::int32_t Write(const void* record) override;
-    void GetProfile(const void** profile) override;
 
  private:
+    const void* OwnProfile() const override { return &profile_; }
+
     std::int32_t ReadXMLProfile(NodeHandle node);
     std::int32_t ReadXMLDeviceProfile(NodeHandle node, CSMSProfile& profile);
     std::int32_t ReadXMLBoxProfile(NodeHandle node, CSMSProfile& profile);
@@ -33,7 +32,7 @@ class CSMSXMLFile : public orvale::SuiteFile {
     std::int32_t WriteXMLProfile(NodeHandle node);
     std::int32_t WriteXMLDeviceProfile(NodeHandle node, const CSMSProfile& profile);
     std::int32_t WriteXMLBoxProfile(NodeHandle node, const CSMSProfile& profile);
-    std::int32_t WriteSMSItem(const CSMSItem& sms, NodeHandle entries);
+    std::int32_t WriteSMSItem(const CSMSItem& sms);
     void WriteCommentTable(const orvale::CommentTable& table, NodeHandle parent, std::int32_t indent);
 
     CSMSItem sms_;

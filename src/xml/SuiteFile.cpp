@@ -3,13 +3,27 @@
 #include "platform/Format.h"
 
 namespace orvale {
+namespace {
 
-void SuiteFile::OpenDocument(const Operation& operation, const char16_t* fileName, const std::uint32_t* openFlags,
-                             const OpenFailures& failures) {
-    const auto require = [&](bool done, std::u16string_view line) {
-        if (!done && !line.empty()) operation.Tell(line);
-        Require(done);
-    };
+constexpr std::int32_t kFileVersion = 100;
+
+void TellStep(const Operation& operation, std::u16string_view line) {
+    if (!line.empty()) operation.Tell(line);
+}
+
+}  // namespace
+
+SuiteFile::SuiteFile(const SuiteNames& names, const OpenLines& openLines)
+    : CFileObject(kFileVersion, openLines.head, true), names_(names), openLines_(openLines) {
+    document_.emplace(&Shortage());
+}
+
+std::int32_t SuiteFile::Open(const char16_t* fileName, const std::uint32_t* openFlags) {
+    Operation operation(*this, openLines_.head, openLines_.lines);
+    return operation.Run([&] { OpenDocument(operation, fileName, openFlags); });
+}
+
+void SuiteFile::OpenDocument(const Operation& operation, const char16_t* fileName, const std::uint32_t* openFlags) {
     opened_ = false;
     Shortage() = false;
     Require(fileName != nullptr && openFlags != nullptr);
@@ -18,9 +32,9 @@ void SuiteFile::OpenDocument(const Operation& operation, const char16_t* fileNam
     identifier_.clear();
     document_.emplace(&Shortage());
     const std::u16string nameLine = Format(u"File Name[%s]", fileName);
-    require(document_->Create(fileName) != 0, failures.create);
+    Require(operation, document_->Create(fileName) != 0, openLines_.notCreated);
     if (*openFlags == kModeRead) {
-        require(document_->Load() != 0, failures.load);
+        Require(operation, document_->Load() != 0, openLines_.notLoaded);
         identifier_ = document_->GetAttribute(u"id", document_->GetRoot());
         operation.Tell(Format(u"File identifier[%s]", identifier_));
     }
@@ -30,33 +44,57 @@ void SuiteFile::OpenDocument(const Operation& operation, const char16_t* fileNam
     operation.Tell(nameLine);
 }
 
-VerifyCode SuiteFile::JudgeIdentifier(std::u16string_view identifier) const {
+std::int32_t SuiteFile::Verify() {
     if (!opened_) return VERIFY_NOT_OPENED;
-    return identifier_ == identifier ? VERIFY_OK : VERIFY_WRONG_FLAG;
+    return identifier_ == names_.identifier ? VERIFY_OK : VERIFY_WRONG_FLAG;
 }
 
-NodeHandle SuiteFile::NextEntry(std::u16string_view name) {
+void SuiteFile::GetProfile(const void** profile) {
+    if (opened_ && profile != nullptr) *profile = OwnProfile();
+}
+
+// ---- reading
+
+NodeHandle SuiteFile::FindProfile(const Operation& operation) {
+    return RequireNode(operation, document_->FindChild(u"profile", {}), u"NULL Profile Node");
+}
+
+NodeHandle SuiteFile::NextEntry() {
     current_ = current_ ? document_->NextSibling(current_) : document_->FirstChild(entries_);
-    while (current_ && !document_->HasNameNoCase(current_, name))
+    while (current_ && !document_->HasNameNoCase(current_, names_.entry))
         current_ = document_->NextSibling(current_);
     return current_;
 }
 
-void SuiteFile::EmptyDocument() {
+// ---- writing
+
+NodeHandle SuiteFile::StartDocument(const Operation& operation, const StartLines& lines) {
+    TellStep(operation, lines.empty);
     saved_ = false;
     entries_ = current_ = {};
     document_->LoadXML(u"");
-}
-
-void SuiteFile::SetRootAttributes(NodeHandle root, std::u16string_view identifier) {
+    TellStep(operation, lines.header);
+    document_->CreateHeader();
+    TellStep(operation, lines.root);
+    const NodeHandle root = RequireNode(operation, document_->CreateRoot(names_.root), lines.noRoot);
+    TellStep(operation, lines.attributes);
     document_->SetAttribute(u"version", ToText(GetFileVersion()), root);
-    document_->SetAttribute(u"id", identifier, root);
+    document_->SetAttribute(u"id", names_.identifier, root);
+    return root;
 }
 
-void SuiteFile::AddNumberComment(NodeHandle parent, std::int32_t indent) {
+NodeHandle SuiteFile::StartEntries(NodeHandle root) {
+    entries_ = AddElement(*document_, root, names_.entries, 1);
+    return entries_;
+}
+
+NodeHandle SuiteFile::StartEntry() {
+    const NodeHandle entry = AddElement(*document_, entries_, names_.entry, 2);
+    if (!entry) return entry;
     saved_ = false;
-    AddIndent(*document_, parent, indent);
-    document_->AddComment(Format(u"NO.%d", nextNumber_++), parent);
+    AddIndent(*document_, entry, 3);
+    document_->AddComment(Format(u"NO.%d", nextNumber_++), entry);
+    return entry;
 }
 
 void SuiteFile::SaveDocument() {
