@@ -1,24 +1,14 @@
-#include "xml/PBXMLFile.h"
-
 #include "xml/SuiteSupport.h"
 
 using namespace orvale::test;
 
 namespace {
 
-using Numbers = std::vector<std::int32_t>;
-using Unsigned = std::vector<std::uint32_t>;
-using Texts = std::vector<std::u16string>;
-
-class PBXMLFile : public SuiteTest<CPBXMLFile, CContactItem, CPhonebookProfile> {
+class PBXMLFile : public SuiteTest<CPBXMLFile> {
  protected:
-    static std::string Document(const std::string& profile, const std::string& contacts = {}) {
-        return "<phonebook id='suite-phonebook'><profile>" + profile + "</profile><contactentries>" + contacts +
-               "</contactentries></phonebook>";
-    }
     CPhonebookProfile SampleProfile() {
         CPhonebookProfile profile;
-        Driver file = Reading(Sample("phonebook.xml"));
+        Driver file = Reading(Sample());
         EXPECT_EQ(file->ReadFileHeader(), 1);
         profile.CopyFrom(*file.GetProfile());
         return profile;
@@ -41,12 +31,12 @@ std::string TextOf(const CContactItem* contact) {
 
 // What was read is written again: all is there but what the format drops, all groups but the first and the fields
 // without a code.
-TEST_F(PBXMLFile, ReadsTheSampleAndWritesItAgain) {
-    std::string expected = Replaced(Sample("phonebook.xml"), "<group>7,3</group>", "<group>7</group>");
+TEST_F(PBXMLFile, EveryMemberHasItsElement) {
+    std::string expected = Replaced(Sample(), "<group>7,3</group>", "<group>7</group>");
     expected = Replaced(expected, "<group/>", "<group>0</group>");
     for (const char* lost : {"no such type", "the SIM knows no types", "no such memory"})
         expected = Replaced(expected, "\n\t\t\t<C-1>" + std::string(lost) + "</C-1>", "");
-    EXPECT_EQ(WrittenAgain(Sample("phonebook.xml")), expected);
+    EXPECT_EQ(WrittenAgain(Sample()), expected);
 
     const CPhonebookProfile p = SampleProfile();
     ASSERT_EQ(p.devices.size(), 2U);
@@ -81,7 +71,7 @@ TEST_F(PBXMLFile, WritesWhatNoReaderGives) {
     contacts[3].Storage = -7;
     contacts[4].Storage = 5;
     EXPECT_EQ(Written(&profile, {&contacts[0], &contacts[1], &contacts[2], &contacts[3], &contacts[4], &contacts[5]}),
-              Sample("phonebook.xml"));
+              Sample());
 
     // A step of the header that fails ends its element, and the header goes on.
     profile.devices[1]->typeIcons.resize(1);
@@ -103,7 +93,8 @@ TEST_F(PBXMLFile, ReadsWhatAPersonMayHaveWritten) {
         "</a>text<C00><label>l</label></C00></typeset><typeset><b/></typeset><config>68</config><id>3</id>";
     Driver file = Reading(
         Document("<speeddial><min>5</min><Max>6</Max></speeddial><config>1</config><config>4294967295</config>" +
-                 device + "</device><Device/>" + device + "<config>0</config></device>"));
+                     device + "</device><Device/>" + device + "<config>0</config></device>",
+                 ""));
     EXPECT_EQ(file->ReadFileHeader(), 1);
     const CPhonebookProfile& profile = *file.GetProfile();
     EXPECT_EQ((Numbers{profile.speedDialMin, profile.speedDialMax, profile.config}), (Numbers{5, 0, -1}));
@@ -159,33 +150,4 @@ TEST_F(PBXMLFile, ReadsAContactByItsDevice) {
     EXPECT_EQ(file->ReadFileHeader(), 1);
     for (const Case& each : cases)
         EXPECT_EQ(TextOf(file.Next()), each.read) << each.name;
-}
-
-TEST_F(PBXMLFile, Log) {
-    const std::string name = "Open : File Name[" + orvale::ToUtf8(path_) + "]\n";
-    const std::string dump = "Storage : 0  Memory Location : -1 Index : -1 Operation : None\n";
-    const auto run = [&] {
-        Driver file = Reading(Document("<device/>", "<contact><device>0</device></contact>"));
-        EXPECT_EQ(file->ReadFileHeader() + file->Verify(), 1);
-        while (file.Next() != nullptr) {
-        }
-        folder_.Put("file.xml", "<x/>");
-        const CPhonebookProfile profile;
-        const CContactItem contact;
-        for (const std::uint32_t flags : {0U, 1U}) {
-            EXPECT_EQ(file->Open(path_.c_str(), &flags), 1);
-            EXPECT_EQ(file->ReadFileHeader(), 0);
-        }
-        file->SetProfile(&profile);
-        EXPECT_EQ(file.Write(&contact), 0);
-        EXPECT_EQ(file->WriteFileHeader() + file.Write(&contact), 2);
-    };
-    EXPECT_EQ(LogOf("CPBXMLFile", run),
-              Lines("Open", "", "Open : File identifier[suite-phonebook]\n" + name) +
-                  Lines("ReadFileHeader", "", Lines("ReadXMLProfile", "Succeeded")) + Lines("Read", "Succeeded", dump) +
-                  Lines("Read", "Failed") + Lines("Open", "", "Open : File identifier[]\n" + name) +
-                  Lines("ReadFileHeader", "", "ReadFileHeader : NULL Profile Node\n") + Lines("Open", "", name) +
-                  Lines("ReadFileHeader", "", "ReadFileHeader : NULL Profile Node\n") + "SetProfile : Profile[]\n" +
-                  Lines("Write", "Failed", dump) + Lines("WriteFileHeader", "") + Lines("Write", "Succeeded", dump) +
-                  "Close : Begin/Finish\n");
 }

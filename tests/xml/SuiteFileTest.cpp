@@ -2,87 +2,49 @@
 
 #include <optional>
 
-#include "xml/CDXMLFile.h"
-#include "xml/MLXMLFile.h"
-#include "xml/PBXMLFile.h"
-#include "xml/SMSXMLFile.h"
+#include "platform/Clock.h"
 #include "xml/SuiteSupport.h"
 
 using namespace orvale::test;
 
 namespace {
 
-// What tells the suites apart where they are alike, with a number of the record that stands for all of it.
-template <class File, class RecordClass, class ProfileClass>
-struct Kind {
-    using Base = SuiteTest<File, RecordClass, ProfileClass>;
-    using Object = File;
-    using Record = RecordClass;
-    using Profile = ProfileClass;
-};
-struct Phonebook : Kind<CPBXMLFile, CContactItem, CPhonebookProfile> {
-    static constexpr const char *kName = "phonebook", *kEntries = "contactentries", *kEntry = "contact",
-                                *kUpperEntry = "CONTACT", *kNumber = "device";
-    static constexpr auto kMember = &CContactItem::Storage;
-    static constexpr bool kClosesItself = true;
-};
-struct Calendar : Kind<CCDXMLFile, CCalendarItem, CCalendarProfile> {
-    static constexpr const char *kName = "calendar", *kEntries = "calendarentries", *kEntry = "data",
-                                *kUpperEntry = "DATA", *kNumber = "duration";
-    static constexpr auto kMember = &CCalendarItem::duration;
-    static constexpr bool kClosesItself = false;
-};
-struct Sms : Kind<CSMSXMLFile, CSMSItem, CSMSProfile> {
-    static constexpr const char *kName = "SMS", *kEntries = "smsentries", *kEntry = "sms", *kUpperEntry = "SMS",
-                                *kNumber = "status";
-    static constexpr auto kMember = &CSMSItem::status;
-    static constexpr bool kClosesItself = true;
-};
-struct Email : Kind<CMLXMLFile, CEmailItem, CEmailProfile> {
-    static constexpr const char *kName = "email", *kEntries = "emailentries", *kEntry = "email", *kUpperEntry = "EMAIL",
-                                *kNumber = "status";
-    static constexpr auto kMember = &CEmailItem::status;
-    static constexpr bool kClosesItself = true;
-};
-
-std::string In(const std::string& name, const std::string& content) {
-    return "<" + name + ">" + content + "</" + name + ">";
-}
-
-template <class Suite>
-class SuiteFile : public Suite::Base {
+template <class File>
+class SuiteFile : public SuiteTest<File> {
  protected:
-    using Driver = typename Suite::Base::Driver;
+    using Names = Suite<File>;
+    using Driver = typename SuiteTest<File>::Driver;
 
-    const std::string id_ = std::string("suite-") + Suite::kName;
-    const std::string entries_ = Suite::kEntries;
+    const std::string id_ = std::string("suite-") + Names::kRoot;
+    const std::string entries_ = Names::kEntries;
 
-    static std::string Entry(int number, const std::string& name = Suite::kEntry) {
-        return In(name, In(Suite::kNumber, std::to_string(number)));
+    static std::string Entry(int number, const std::string& name = Names::kEntry) {
+        return In(name, In(Names::kNumber, std::to_string(number)));
     }
-    std::string Document(const std::string& content) const {
-        return "<" + std::string(Suite::kName) + " id='" + id_ + "'>" + content + "</" + Suite::kName + ">";
+    static std::string Upper(std::string text) {
+        std::transform(text.begin(), text.end(), text.begin(), [](char c) { return static_cast<char>(c & ~0x20); });
+        return text;
     }
     // The number of the next record; none at the end.
     static std::optional<std::int32_t> Next(Driver& file) {
         const auto* const record = file.Next();
-        return record != nullptr ? std::optional(record->*Suite::kMember) : std::nullopt;
+        return record != nullptr ? std::optional(record->*Names::kMember) : std::nullopt;
     }
     std::int32_t Open(Driver& file, std::uint32_t flags, const char* name = "file.xml") {
         return file->Open(this->folder_.Name(name).c_str(), &flags);
     }
 };
 
-using Suites = testing::Types<Phonebook, Calendar, Sms, Email>;
+using Suites = testing::Types<CPBXMLFile, CCDXMLFile, CSMSXMLFile, CMLXMLFile>;
 TYPED_TEST_SUITE(SuiteFile, Suites);
 
 }  // namespace
 
 TYPED_TEST(SuiteFile, ReadsToTheEndAndStartsOver) {
     const std::string entries = "<!--c-->\n" + this->Entry(1) + " text <other/>" +
-                                this->Entry(2, TypeParam::kUpperEntry) + In("other", this->Entry(9)) +
+                                this->Entry(2, this->Upper(Suite<TypeParam>::kEntry)) + In("other", this->Entry(9)) +
                                 "\n<![CDATA[x]]>" + this->Entry(3) + "\n";
-    auto file = this->Reading(this->Document("<profile/>" + In(this->entries_, entries)));
+    auto file = this->Reading(this->Document("", entries));
     EXPECT_EQ(file->ReadFileHeader(), 1);
     for (int round = 0; round < 2; ++round) {
         for (const int number : {1, 2, 3})
@@ -102,7 +64,7 @@ TYPED_TEST(SuiteFile, ReadsToTheEndAndStartsOver) {
 
 TYPED_TEST(SuiteFile, VerifyJudgesTheIdentifierAlone) {
     const std::pair<std::string, VerifyCode> cases[] = {
-        {this->Document(""), VERIFY_OK},
+        {this->Root(""), VERIFY_OK},
         {"<x version='7' id='" + this->id_ + "'/>", VERIFY_OK},
         {"<x id='S" + this->id_.substr(1) + "'/>", VERIFY_WRONG_FLAG},
         {"<x id=''/>", VERIFY_WRONG_FLAG},
@@ -129,21 +91,20 @@ TYPED_TEST(SuiteFile, WhatIsMissingFailsWhereItIsNeeded) {
         {"<Profile/>" + entries, 0, false},
         {"<x><profile/></x>", 0, false},
         {"<profile/>", 1, false},
-        {"<profile/>" + In(std::string(1, this->entries_[0] ^ 0x20) + this->entries_.substr(1), this->Entry(1)), 1,
-         false},
+        {"<profile/>" + In(this->Upper(this->entries_), this->Entry(1)), 1, false},
         {"<profile/>" + In(this->entries_, "\n\t"), 1, false},
         {"<profile/>" + In(this->entries_, "") + entries, 1, false},  // the first counts
         {entries + "<profile/>", 1, true},
     };
     for (const Case& each : cases) {
-        auto file = this->Reading(this->Document(each.content));
+        auto file = this->Reading(this->Root(each.content));
         EXPECT_EQ(file->ReadFileHeader(), each.header) << each.content;
         EXPECT_EQ(file.Next() != nullptr, each.reads) << each.content;
     }
 }
 
 TYPED_TEST(SuiteFile, NoOrderOfCallsDoesHarm) {
-    const typename TypeParam::Record record;
+    const typename TestFixture::Record record;
     typename TestFixture::Driver file(this->path_, CFile::kCreateReadWrite);
     EXPECT_EQ(file->ReadFileHeader() + file.Write(&record), 0);
     EXPECT_EQ(file.Next(), nullptr);
@@ -163,18 +124,18 @@ TYPED_TEST(SuiteFile, TheDriversNameIsCompletedInACopyAlone) {
         {u"abc", u"abc.dll"}, {u"ABC.DLL", u"ABC.DLL"}, {u"", u".dll"}, {u"a.dl", u"a.dl.dll"}};
     typename TestFixture::Driver file(this->path_, CFile::kCreateReadWrite);
     for (const auto& [given, kept] : cases) {
-        typename TypeParam::Profile profile;
+        typename TestFixture::Profile profile;
         profile.dllname = given;
         file->SetProfile(&profile);
         EXPECT_EQ(file.GetProfile()->dllname, kept);
     }
-    auto read = this->Reading(this->Document("<profile><dllname> abc</dllname></profile>"));
+    auto read = this->Reading(this->Document("<dllname> abc</dllname>", ""));
     EXPECT_EQ(read->ReadFileHeader(), 1);
     EXPECT_EQ(read.GetProfile()->dllname, u" abc");
 }
 
 TYPED_TEST(SuiteFile, SavesUnderTheseFlagsAloneWhatChanged) {
-    const typename TypeParam::Record record;
+    const typename TestFixture::Record record;
     for (const std::uint32_t flags : {0x0001U, 0x0002U, 0x0010U, 0x1001U, 0x1012U, 0x3002U}) {
         this->folder_.Put("file.xml", "neither read nor written");
         typename TestFixture::Driver file(this->path_, flags);
@@ -201,16 +162,32 @@ TYPED_TEST(SuiteFile, SavesUnderTheseFlagsAloneWhatChanged) {
         typename TestFixture::Driver file(this->path_, CFile::kCreateReadWrite);
         EXPECT_EQ(file->WriteFileHeader() + file.Write(&record), 2);
     }
-    EXPECT_EQ(this->folder_.Get("file.xml"), TypeParam::kClosesItself ? saved : "another's by now");
+    EXPECT_EQ(this->folder_.Get("file.xml"), Suite<TypeParam>::kClosesItself ? saved : "another's by now");
 }
 
-TYPED_TEST(SuiteFile, ADocumentThatIsCutOffDoesNotOpen) {
-    std::string name = TypeParam::kName;
-    const std::string whole = Sample((name == "SMS" ? "sms" : name) + ".xml");
-    auto file = this->Reading(whole);
-    for (std::size_t length = whole.rfind('>'); length > 97; length -= 97) {
-        this->folder_.Put("file.xml", whole.substr(0, length));
-        EXPECT_EQ(this->Open(file, CFile::kModeRead), 0) << length;
-        EXPECT_EQ(file->ReadFileHeader(), 0) << length;
-    }
+// A document that is read, one that is missing, and one that is written, with a wrong call or two between.
+TYPED_TEST(SuiteFile, TheLogTellsEachStep) {
+    const orvale::StoppedClock clock(1280124015);
+    const auto run = [&] {
+        auto file = this->Reading(this->Sample());
+        EXPECT_EQ(file->ReadFileHeader() + file->Verify(), 1);
+        while (file.Next() != nullptr) {
+        }
+        TypeParam other;
+        const typename TestFixture::Profile profile;
+        const typename TestFixture::Record record;
+        auto& face = static_cast<CFileInterface&>(other);
+        other.SetProfile(&profile);
+        EXPECT_EQ(other.Verify(), VERIFY_NOT_OPENED);
+        std::uint32_t flags = CFile::kModeRead;
+        EXPECT_EQ(face.Open(this->folder_.Name("missing").c_str(), &flags), 0);
+        flags = CFile::kModeWrite;
+        EXPECT_EQ(face.Open(this->path_.c_str(), &flags), 1);
+        EXPECT_EQ(other.ReadFileHeader() + face.Write(&record), 0);
+        other.SetProfile(file.GetProfile());
+        EXPECT_EQ(other.WriteFileHeader() + face.Write(&record), 2);
+        other.Close();
+    };
+    const std::string log = LogOf(Suite<TypeParam>::kClass, (this->folder_ / "").string(), run);
+    EXPECT_EQ(log, Data(std::string(Suite<TypeParam>::kSample) + ".log"));
 }

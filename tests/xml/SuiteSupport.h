@@ -2,22 +2,71 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <functional>
 #include <initializer_list>
 #include <iterator>
 #include <string>
+#include <vector>
 
-#include "frame/Log.h"
-#include "records/GeneralSyncData.h"
-#include "support/Child.h"
 #include "support/FileDriver.h"
+#include "support/LogLines.h"
 #include "support/ScratchFolder.h"
+#include "xml/CDXMLFile.h"
+#include "xml/MLXMLFile.h"
+#include "xml/PBXMLFile.h"
+#include "xml/SMSXMLFile.h"
 
 /// What the tests of the four suite documents share. The documents under tests/data were put together by hand.
 namespace orvale::test {
 
-inline std::string Sample(const std::string& name) {
+/// What tells a suite from the others where they are alike: its names, and a number of the record (its element, its
+/// member) that stands for all of it.
+template <class File>
+struct Suite;
+template <>
+struct Suite<CPBXMLFile> {
+    using Record = CContactItem;
+    using Profile = CPhonebookProfile;
+    static constexpr const char *kClass = "CPBXMLFile", *kRoot = "phonebook", *kEntries = "contactentries",
+                                *kEntry = "contact", *kNumber = "device", *kSample = "phonebook";
+    static constexpr auto kMember = &CContactItem::Storage;
+    static constexpr bool kClosesItself = true;
+};
+template <>
+struct Suite<CCDXMLFile> {
+    using Record = CCalendarItem;
+    using Profile = CCalendarProfile;
+    static constexpr const char *kClass = "CCDXMLFile", *kRoot = "calendar", *kEntries = "calendarentries",
+                                *kEntry = "data", *kNumber = "duration", *kSample = "calendar";
+    static constexpr auto kMember = &CCalendarItem::duration;
+    static constexpr bool kClosesItself = false;
+};
+template <>
+struct Suite<CSMSXMLFile> {
+    using Record = CSMSItem;
+    using Profile = CSMSProfile;
+    static constexpr const char *kClass = "CSMSXMLFile", *kRoot = "SMS", *kEntries = "smsentries", *kEntry = "sms",
+                                *kNumber = "status", *kSample = "sms";
+    static constexpr auto kMember = &CSMSItem::status;
+    static constexpr bool kClosesItself = true;
+};
+template <>
+struct Suite<CMLXMLFile> {
+    using Record = CEmailItem;
+    using Profile = CEmailProfile;
+    static constexpr const char *kClass = "CMLXMLFile", *kRoot = "email", *kEntries = "emailentries", *kEntry = "email",
+                                *kNumber = "status", *kSample = "email";
+    static constexpr auto kMember = &CEmailItem::status;
+    static constexpr bool kClosesItself = true;
+};
+
+using Numbers = std::vector<std::int32_t>;
+using Unsigned = std::vector<std::uint32_t>;
+using Texts = std::vector<std::u16string>;
+
+inline std::string Data(const std::string& name) {
     std::ifstream in(std::string(ORVALE_TEST_DATA "/") + name, std::ios::binary);
     EXPECT_TRUE(in.is_open()) << name;
     return {std::istreambuf_iterator<char>(in), {}};
@@ -35,12 +84,20 @@ inline std::string Without(std::string text, const std::string& part) {
     return text;
 }
 
-template <class FileClass, class Record, class Profile>
+inline std::string In(const std::string& name, const std::string& content) {
+    return "<" + name + ">" + content + "</" + name + ">";
+}
+
+template <class File>
 class SuiteTest : public testing::Test {
  protected:
-    class Driver : public FileDriver<FileClass, Record> {
+    using Names = Suite<File>;
+    using Record = typename Names::Record;
+    using Profile = typename Names::Profile;
+
+    class Driver : public FileDriver<File, Record> {
      public:
-        using FileDriver<FileClass, Record>::FileDriver;
+        using FileDriver<File, Record>::FileDriver;
 
         const Profile* GetProfile() {
             const void* profile = nullptr;
@@ -48,6 +105,16 @@ class SuiteTest : public testing::Test {
             return static_cast<const Profile*>(profile);
         }
     };
+
+    /// A document with anything in its root, and one with anything in its profile and its entries.
+    static std::string Root(const std::string& content) {
+        const std::string root = Names::kRoot;
+        return "<" + root + " id='suite-" + root + "'>" + content + "</" + root + ">";
+    }
+    static std::string Document(const std::string& profile, const std::string& entries) {
+        return Root(In("profile", profile) + In(Names::kEntries, entries));
+    }
+    static std::string Sample() { return Data(std::string(Names::kSample) + ".xml"); }
 
     /// The whole document of a profile and of records, up to Close.
     std::string Written(const Profile* profile, std::initializer_list<const Record*> records) {
@@ -82,25 +149,14 @@ class SuiteTest : public testing::Test {
     const std::u16string path_ = folder_.Name("file.xml");
 };
 
-/// The lines that a body writes to the log, without "ORVALE - " and the name of the class, and without addresses.
-inline std::string LogOf(const std::string& className, const std::function<void()>& body) {
-    const ChildResult result = InChild([&] {
-        constexpr std::u16string_view kName = u"no module";
-        constexpr std::int32_t kIsLibrary = 1;
-        constexpr std::uint32_t kSwitch = orvale::kLogToDebugger;
-        orvale::LogInit(&kName, &kIsLibrary, &kSwitch);
-        body();
-    });
-    EXPECT_EQ(result.exitCode, 0) << result.errors;
-    std::string text = Without(Without(result.errors, "ORVALE - " + className + "::"), "\r");
+/// The lines that a body writes to the log, without "ORVALE - " and the name of the class, without addresses and
+/// without the folder of a file.
+inline std::string LogOf(const std::string& className, const std::string& folder, const std::function<void()>& body) {
+    std::string text = Without(Without(LogLines("ORVALE - " + className + "::", body), "@"), folder);
     for (std::size_t found; (found = text.find("0x")) != std::string::npos;)
         text.erase(found, text.find_first_not_of("0123456789ABCDEF", found + 2) - found);
+    std::replace(text.begin(), text.end(), '|', '\n');
     return text;
-}
-
-/// The lines of an operation with an outcome, and of one without.
-inline std::string Lines(const std::string& name, const std::string& outcome, const std::string& inner = {}) {
-    return name + " : Begin\n" + inner + (outcome.empty() ? "" : name + " : " + outcome + "\n") + name + " : Finish\n";
 }
 
 }  // namespace orvale::test

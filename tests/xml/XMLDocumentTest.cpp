@@ -93,6 +93,14 @@ TEST_F(XMLDocument, LoadsWhatIsWellFormed) {
         EXPECT_EQ(Load(each.bytes), each.dump) << each.name;
 }
 
+TEST_F(XMLDocument, WhatIsCutOffAnywhereIsRefused) {
+    const std::string whole =
+        "<?xml version='1.0' encoding='utf-8'?>\n<a b='c'>\n\t<!--d--><e>f&amp;\xC3\xA9</e><![CDATA[g]]><h/>\n</a>";
+    EXPECT_NE(Load(whole), kRefused);
+    for (std::size_t length = 0; length < whole.size(); ++length)
+        EXPECT_EQ(Load(whole.substr(0, length)), kRefused) << length;
+}
+
 TEST_F(XMLDocument, AWalkMeetsNoBlanks) {
     struct Blanks {
         const char* name;
