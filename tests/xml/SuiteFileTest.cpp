@@ -120,15 +120,11 @@ TYPED_TEST(SuiteFile, NoOrderOfCallsDoesHarm) {
 }
 
 TYPED_TEST(SuiteFile, TheDriversNameIsCompletedInACopyAlone) {
-    const std::pair<const char16_t*, const char16_t*> cases[] = {
-        {u"abc", u"abc.dll"}, {u"ABC.DLL", u"ABC.DLL"}, {u"", u".dll"}, {u"a.dl", u"a.dl.dll"}};
+    typename TestFixture::Profile profile;
+    profile.dllname = u"abc";
     typename TestFixture::Driver file(this->path_, CFile::kCreateReadWrite);
-    for (const auto& [given, kept] : cases) {
-        typename TestFixture::Profile profile;
-        profile.dllname = given;
-        file->SetProfile(&profile);
-        EXPECT_EQ(file.GetProfile()->dllname, kept);
-    }
+    file->SetProfile(&profile);
+    EXPECT_EQ(file.GetProfile()->dllname + profile.dllname, u"abc.dllabc");
     auto read = this->Reading(this->Document("<dllname> abc</dllname>", ""));
     EXPECT_EQ(read->ReadFileHeader(), 1);
     EXPECT_EQ(read.GetProfile()->dllname, u" abc");
