@@ -74,9 +74,12 @@ TEST(ShowTest, ATableForSpreadsheets) {
          "0,\"Ann \"\"A\"\", Lee\",+49,=1+1,,\"a\r\nb\",Work; group 2,\r\n2,,,,é,,,note: 5 y\r\n",
          "storage,full name,mobile phone,mobile phone (2),note,type 4711,groups,extras\r\n"
          "0,\"Ann \"\"A\"\", Lee\",'+49,'=1+1,,\"a\r\nb\",Work; group 2,\r\n2,,,,é,,,note: 5 y\r\n"},
-        {R"({"orvale": 1, "kind": "sms", "records": [{"listtype": 3, "name": "-x", "content": "@y", "time": "t"}]})",
-         "storageid,status,listtype,phonenumber,content,time,name,smstype\r\n0,0,3,,@y,t,-x,0\r\n",
-         "storageid,status,listtype,phonenumber,content,time,name,smstype\r\n0,0,3,,'@y,t,'-x,0\r\n"},
+        {R"({"orvale": 1, "kind": "sms", "records": [{"listtype": 3, "name": "-x", "content": "@y", "time": "＝1"}]})",
+         "storageid,status,listtype,phonenumber,content,time,name,smstype\r\n0,0,3,,@y,＝1,-x,0\r\n",
+         "storageid,status,listtype,phonenumber,content,time,name,smstype\r\n0,0,3,,'@y,'＝1,'-x,0\r\n"},
+        {R"({"orvale": 1, "kind": "sms", "records": [{"phonenumber": "＋1", "content": "－2", "time": "＠3"}]})",
+         "storageid,status,listtype,phonenumber,content,time,name,smstype\r\n0,0,0,＋1,－2,＠3,,0\r\n",
+         "storageid,status,listtype,phonenumber,content,time,name,smstype\r\n0,0,0,'＋1,'－2,'＠3,,0\r\n"},
         {R"({"orvale": 1, "kind": "contacts", "records": []})", "storage\r\n", "storage\r\n"},
     };
     for (const auto& each : kCases) {

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <string_view>
 
+#include "command/show/Wording.h"
 #include "host/RecordValues.h"
 #include "platform/Format.h"
 #include "platform/Text.h"
@@ -11,10 +12,6 @@
 
 namespace orvale {
 namespace {
-
-std::u16string Widen(std::string_view ascii) {
-    return {ascii.begin(), ascii.end()};
-}
 
 // Puts what is one more of several into a cell.
 void Join(std::u16string& cell, std::u16string_view text) {
@@ -75,6 +72,13 @@ std::string CaptionOf(const CCalendarItem*, std::int32_t type) {
 }
 std::string CaptionOf(const void*, std::int32_t type) {
     return "type " + std::to_string(type);
+}
+
+// What spreadsheets take for the beginning of a formula; the signs of full width too, which some make narrow.
+constexpr std::u16string_view kFormulaSigns = u"=+-@\t\r\uFF1D\uFF0B\uFF0D\uFF20";
+
+bool LooksLikeFormula(std::u16string_view cell) {
+    return !cell.empty() && kFormulaSigns.find(cell.front()) != std::u16string_view::npos;
 }
 
 // The numbers and texts that a value has beside it, "5 text".
@@ -178,8 +182,7 @@ void CsvTable::PutRow(const std::vector<std::u16string>& cells) {
     for (std::size_t i = 0; i < cells.size(); ++i) {
         if (i != 0) line += ',';
         std::string cell = ToUtf8(cells[i]);
-        if (isSafe_ && !cell.empty() && std::string_view("=+-@\t\r").find(cell[0]) != std::string_view::npos)
-            cell.insert(0, 1, '\'');
+        if (isSafe_ && LooksLikeFormula(cells[i])) cell.insert(0, 1, '\'');
         if (cell.find_first_of(",\"\r\n") == std::string::npos) {
             line += cell;
             continue;
