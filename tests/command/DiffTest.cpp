@@ -47,6 +47,11 @@ TEST_F(DiffTest, TellsRecordByRecordWhatDiffers) {
          "contact 2 Ann, in b.json 1\n"
          "  mobile phone            \"1\" in a.json, \"2\" in b.json\n"
          "contacts: 1 the same, 1 different\n"},
+        {"AnotherLineEnd", R"({"fields": [{"type": 5, "data": "Bob"}, {"type": 3002, "data": "x\r\ny"}]})",
+         R"({"fields": [{"type": 5, "data": "Bob"}, {"type": 3002, "data": "x\ny"}]})", 1,
+         "contact 1 Bob\n"
+         "  note                    \"x^M^Jy\" in a.json, \"x^Jy\" in b.json\n"
+         "contacts: 0 the same, 1 different\n"},
         {"OneValueMore", kBob, kBobNoted, 1,
          "contact 1 Bob\n"
          "  general address         \"x^[\" only in b.json\n"

@@ -176,19 +176,43 @@ void CompareLeft(const std::map<Place, Record>& a, const std::map<Place, Record>
               [&](const RecordDifference& x, const RecordDifference& y) { return rank(x) < rank(y); });
 }
 
-void PrintChanges(Screen& screen, const std::vector<Change>& changes, const FileDifferences& all) {
-    for (const Change& change : changes) {
-        std::u16string value;
-        if (change.before && change.after)
-            value = u"\"" + *change.before + u"\" in " + FromUtf8(all.files[0]) + u", \"" + *change.after + u"\" in " +
-                    FromUtf8(all.files[1]);
-        else if (change.before || change.after)
-            value = u"\"" + (change.before ? *change.before : *change.after) + u"\" only in " +
-                    FromUtf8(all.files[change.before ? 0 : 1]);
+std::u16string WithoutLineEnds(std::u16string text) {
+    text.erase(std::remove_if(text.begin(), text.end(), [](char16_t c) { return c == u'\r' || c == u'\n'; }),
+               text.end());
+    return text;
+}
+
+// A text whose line ends are seen, as "^M" for CR and "^J" for LF.
+std::u16string WithLineEndsSeen(const std::u16string& text) {
+    std::u16string out;
+    for (const char16_t c : text) {
+        if (c == u'\r')
+            out += u"^M";
+        else if (c == u'\n')
+            out += u"^J";
         else
-            value = u"differs";
-        screen.Row(change.what, value);
+            out += c;
     }
+    return out;
+}
+
+std::u16string ChangeText(const Change& change, const FileDifferences& all) {
+    const auto of = [&](const std::u16string& value, std::size_t side, const char16_t* in) {
+        return u"\"" + value + u"\" " + in + FromUtf8(all.files[side]);
+    };
+    if (!change.before && !change.after) return u"differs";
+    if (!change.after) return of(*change.before, 0, u"only in ");
+    if (!change.before) return of(*change.after, 1, u"only in ");
+    // A terminal shows texts alike that differ in their line ends alone.
+    const bool lookAlike =
+        *change.before != *change.after && WithoutLineEnds(*change.before) == WithoutLineEnds(*change.after);
+    const auto shown = [&](const std::u16string& value) { return lookAlike ? WithLineEndsSeen(value) : value; };
+    return of(shown(*change.before), 0, u"in ") + u", " + of(shown(*change.after), 1, u"in ");
+}
+
+void PrintChanges(Screen& screen, const std::vector<Change>& changes, const FileDifferences& all) {
+    for (const Change& change : changes)
+        screen.Row(change.what, ChangeText(change, all));
 }
 
 void Print(const FileDifferences& all) {
