@@ -58,7 +58,7 @@ template <class Record>
 std::string WriteOwn(const OwnFormat& format, const std::vector<std::unique_ptr<Record>>& records,
                      const OutputOptions& options = {}) {
     std::ostringstream out;
-    const std::unique_ptr<RecordSink> sink = format.create(out, RecordKind<Record>::kKind, nullptr, options);
+    const std::unique_ptr<RecordSink> sink = format.create(out, RecordKind<Record>::value, nullptr, options);
     for (const auto& record : records)
         sink->Put(*record);
     sink->Finish();

@@ -6,10 +6,11 @@
 #include <iostream>
 
 #include "command/console/Screen.h"
-#include "command/formats/FormatTable.h"
 #include "command/line/Help.h"
-#include "command/verbs/FormatsJson.h"
+#include "command/verbs/Convert.h"
+#include "command/verbs/Diff.h"
 #include "command/verbs/Info.h"
+#include "command/verbs/ListFormats.h"
 #include "command/verbs/LogCommand.h"
 #include "command/verbs/Show.h"
 #include "command/verbs/View.h"
@@ -19,24 +20,6 @@
 
 namespace orvale {
 namespace {
-
-ExitCode ListFormats(bool json) {
-    if (json) {
-        std::cout << FormatsJson();
-        return ExitCode::kDone;
-    }
-    for (const FormatRow& row : FormatTable()) {
-        std::string line(row.name);
-        line.resize(16, ' ');
-        line += row.kind ? KindWord(*row.kind) : "all kinds";
-        line.resize(28, ' ');
-        line += row.extension;
-        line.resize(36, ' ');
-        line += !row.Reads() ? "writes" : row.writes ? "reads, writes" : "reads";
-        std::cout << line << '\n';
-    }
-    return ExitCode::kDone;
-}
 
 std::filesystem::path PathOfModule(const std::string& named) {
     return named.empty() ? LoadedLibrary::DefaultPath() : std::filesystem::path(named);
@@ -63,51 +46,62 @@ LoadedLibrary LoadModule(const std::string& named) {
     }
 }
 
+// ---- what a verb is asked for, of the command line
+
+ShowOrder OrderOfShow(const Arguments& typed) {
+    return {.file = typed.files.front(),
+            .format = typed.format,
+            .json = typed.json,
+            .csv = typed.csv,
+            .safeCsv = typed.safeCsv,
+            .color = typed.color,
+            .profiles = typed.profiles,
+            .profileOnly = typed.profileOnly,
+            .noProfile = typed.noProfile,
+            .withPasswords = typed.withPasswords};
+}
+
+ConvertOrder OrderOfConvert(const Arguments& typed) {
+    return {.inputs = {typed.files.begin(), typed.files.end() - 1},
+            .output = typed.files.back(),
+            .from = typed.format,
+            .to = typed.to,
+            .profiles = typed.profiles,
+            .options = {.withPasswords = typed.withPasswords, .vcardVersion = typed.vcardVersion},
+            .force = typed.force,
+            .partial = typed.partial,
+            .strict = typed.strict,
+            .unique = typed.unique,
+            .verify = typed.verify};
+}
+
 }  // namespace
 
-ExitCode RunCommand(const Arguments& arguments) {
+ExitCode RunCommand(const Arguments& typed) {
     // The module decides its code page by the environment, at its first conversion.
-    if (arguments.codePage) setenv("ORVALE_CODEPAGE", std::to_string(*arguments.codePage).c_str(), 1);
-    switch (arguments.verb) {
+    if (typed.codePage) setenv("ORVALE_CODEPAGE", std::to_string(*typed.codePage).c_str(), 1);
+    const std::string word = typed.files.empty() ? "" : typed.files.front();
+    switch (typed.verb) {
         case Verb::kFormats:
-            return ListFormats(arguments.json);
+            return ListFormats(typed.json);
         case Verb::kInfo:
-            return TellInfo(LoadModule(arguments.module), arguments.files, arguments.format, arguments.json);
-        case Verb::kShow: {
-            ShowOrder order = arguments.show;
-            order.file = arguments.files.front();
-            order.format = arguments.format;
-            order.json = arguments.json;
-            order.color = arguments.color;
-            return Show(LoadModule(arguments.module), std::move(order));
-        }
-        case Verb::kDiff: {
-            DiffOrder order = arguments.diff;
-            order.files = {arguments.files[0], arguments.files[1]};
-            order.format = arguments.format;
-            order.json = arguments.json;
-            return Diff(LoadModule(arguments.module), order);
-        }
-        case Verb::kView: {
-            ViewOrder order = arguments.view;
-            order.files = arguments.files;
-            order.format = arguments.format;
-            return View(LoadModule(arguments.module), order);
-        }
-        case Verb::kConvert: {
-            ConvertOrder order = arguments.convert;
-            order.inputs = arguments.files;
-            order.inputs.pop_back();
-            order.output = arguments.files.back();
-            return Convert(LoadModule(arguments.module), order);
-        }
+            return TellInfo(LoadModule(typed.module), typed.files, typed.format, typed.json);
+        case Verb::kShow:
+            return Show(LoadModule(typed.module), OrderOfShow(typed));
+        case Verb::kView:
+            return View(LoadModule(typed.module), {typed.files, typed.format, typed.output, typed.force});
+        case Verb::kDiff:
+            return Diff(LoadModule(typed.module),
+                        {{typed.files[0], typed.files[1]}, typed.format, typed.profiles, typed.json});
+        case Verb::kConvert:
+            return Convert(LoadModule(typed.module), OrderOfConvert(typed));
         case Verb::kLog:
-            return LogCommand(PathOfModule(arguments.module), arguments.files.empty() ? "" : arguments.files.front());
+            return LogCommand(PathOfModule(typed.module), word);
         case Verb::kHelp:
-            std::cout << (arguments.files.empty() ? OverviewText() : VerbText(VerbOfWord(arguments.files.front())));
+            std::cout << (word.empty() ? OverviewText() : VerbText(VerbOfWord(word)));
             return ExitCode::kDone;
         case Verb::kVersion:
-            return TellVersion(arguments.module);
+            return TellVersion(typed.module);
     }
     return ExitCode::kUsage;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+// What became of many records on their way into a file.
+
 #include <cstddef>
 #include <map>
 #include <string>

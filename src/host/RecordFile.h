@@ -4,55 +4,38 @@
 #include <filesystem>
 #include <iterator>
 #include <system_error>
+#include <type_traits>
 
 #include "host/Formats.h"
 #include "host/LoadedLibrary.h"
 
 namespace orvale {
 
-/// What the file object takes as records of each kind.
+/// The kind of each type of records.
 template <class Record>
 struct RecordKind;
 template <>
-struct RecordKind<CContactItem> {
-    static constexpr Kind kKind = Kind::kContacts;
-};
+struct RecordKind<CContactItem> : std::integral_constant<Kind, Kind::kContacts> {};
 template <>
-struct RecordKind<CCalendarItem> {
-    static constexpr Kind kKind = Kind::kCalendar;
-};
+struct RecordKind<CCalendarItem> : std::integral_constant<Kind, Kind::kCalendar> {};
 template <>
-struct RecordKind<CSMSItem> {
-    static constexpr Kind kKind = Kind::kSms;
-};
+struct RecordKind<CSMSItem> : std::integral_constant<Kind, Kind::kSms> {};
 template <>
-struct RecordKind<CEmailItem> {
-    static constexpr Kind kKind = Kind::kEmail;
-};
+struct RecordKind<CEmailItem> : std::integral_constant<Kind, Kind::kEmail> {};
 
-/// The profiles that file objects take and give, each by the formats that name its shape.
+/// The shape of each type of profiles, by which the formats name the one that they take.
 template <class Profile>
-struct ProfileKind;
+struct ShapeOfProfile;
 template <>
-struct ProfileKind<CCSVProfile> {
-    static constexpr ProfileShape kShape = ProfileShape::kColumns;
-};
+struct ShapeOfProfile<CCSVProfile> : std::integral_constant<ProfileShape, ProfileShape::kColumns> {};
 template <>
-struct ProfileKind<CPhonebookProfile> {
-    static constexpr ProfileShape kShape = ProfileShape::kPhonebook;
-};
+struct ShapeOfProfile<CPhonebookProfile> : std::integral_constant<ProfileShape, ProfileShape::kPhonebook> {};
 template <>
-struct ProfileKind<CCalendarProfile> {
-    static constexpr ProfileShape kShape = ProfileShape::kCalendar;
-};
+struct ShapeOfProfile<CCalendarProfile> : std::integral_constant<ProfileShape, ProfileShape::kCalendar> {};
 template <>
-struct ProfileKind<CSMSProfile> {
-    static constexpr ProfileShape kShape = ProfileShape::kSms;
-};
+struct ShapeOfProfile<CSMSProfile> : std::integral_constant<ProfileShape, ProfileShape::kSms> {};
 template <>
-struct ProfileKind<CEmailProfile> {
-    static constexpr ProfileShape kShape = ProfileShape::kEmail;
-};
+struct ShapeOfProfile<CEmailProfile> : std::integral_constant<ProfileShape, ProfileShape::kEmail> {};
 
 enum class OpenMode {
     kRead,
@@ -72,6 +55,10 @@ class RecordFile {
     void Open(const std::filesystem::path& path, OpenMode mode);
 
     FileFormat Format() const { return format_; }
+
+    /// The file that was opened last.
+    const std::filesystem::path& Path() const { return path_; }
+
     std::int32_t FileVersion() { return object_->GetFileVersion(); }
     bool ReadHeader() { return object_->ReadFileHeader() != 0; }
     bool WriteHeader() {
@@ -86,14 +73,14 @@ class RecordFile {
     /// Close.
     template <class Record>
     const Record* Read() {
-        Check(RecordKind<Record>::kKind);
+        Check(RecordKind<Record>::value);
         void* record = nullptr;
         return object_->Read(&record) != 0 ? static_cast<const Record*>(record) : nullptr;
     }
 
     template <class Record>
     bool Write(const Record& record) {
-        Check(RecordKind<Record>::kKind);
+        Check(RecordKind<Record>::value);
         unsaved_ = isSuite_;
         return object_->Write(&record) != 0;
     }
@@ -102,7 +89,7 @@ class RecordFile {
     /// record, in either direction.
     template <class Profile>
     void SetProfile(const Profile& profile) {
-        Check(ProfileKind<Profile>::kShape);
+        Check(ShapeOfProfile<Profile>::value);
         object_->SetProfile(&profile);
     }
 
@@ -110,7 +97,7 @@ class RecordFile {
     /// next header or Close.
     template <class Profile>
     const Profile* GetProfile() {
-        Check(ProfileKind<Profile>::kShape);
+        Check(ShapeOfProfile<Profile>::value);
         const void* profile = nullptr;
         object_->GetProfile(&profile);
         return static_cast<const Profile*>(profile);

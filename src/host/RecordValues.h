@@ -1,5 +1,8 @@
 #pragma once
 
+// The values of each kind of record, named once for whoever reads, writes or compares them.
+
+#include <concepts>
 #include <cstdint>
 #include <string>
 #include <type_traits>
@@ -32,9 +35,12 @@ inline std::string NameOfContactFieldType(std::int32_t type) {
     return row != nullptr ? std::string(row->name) : std::string();
 }
 
-/// The values of a contact; const when the archive takes them.
-template <class Archive, class Contact>
-requires std::is_same_v<std::remove_const_t<Contact>, CContactItem>
+/// An object that an archive fills, or a const one that it reads.
+template <class T, class Object>
+concept PossiblyConst = std::same_as<std::remove_const_t<T>, Object>;
+
+/// The values of a contact.
+template <class Archive, PossiblyConst<CContactItem> Contact>
 void VisitValues(Archive& archive, Contact& contact) {
     archive.Int("storage", contact.Storage);
     archive.List("fields", contact.fields, [](Archive& entry, auto& field) {
@@ -46,9 +52,8 @@ void VisitValues(Archive& archive, Contact& contact) {
     });
 }
 
-/// The values of a calendar entry; const when the archive takes them.
-template <class Archive, class Item>
-requires std::is_same_v<std::remove_const_t<Item>, CCalendarItem>
+/// The values of a calendar entry.
+template <class Archive, PossiblyConst<CCalendarItem> Item>
 void VisitValues(Archive& archive, Item& item) {
     archive.NamedInt("itemType", item.itemType, &NameIn<kCalendarItemTypes>);
     archive.List("fields", item.fields, [](Archive& entry, auto& field) {
@@ -82,9 +87,8 @@ void VisitValues(Archive& archive, Item& item) {
     archive.Int("operation", item.operation, 0);
 }
 
-/// The values of a message; const when the archive takes them.
-template <class Archive, class Sms>
-requires std::is_same_v<std::remove_const_t<Sms>, CSMSItem>
+/// The values of a message.
+template <class Archive, PossiblyConst<CSMSItem> Sms>
 void VisitValues(Archive& archive, Sms& sms) {
     archive.Int("storageid", sms.storageid);
     archive.Int("status", sms.status);
@@ -96,9 +100,8 @@ void VisitValues(Archive& archive, Sms& sms) {
     archive.Int("smstype", sms.smstype);
 }
 
-/// The values of an email; const when the archive takes them.
-template <class Archive, class Email>
-requires std::is_same_v<std::remove_const_t<Email>, CEmailItem>
+/// The values of an email.
+template <class Archive, PossiblyConst<CEmailItem> Email>
 void VisitValues(Archive& archive, Email& email) {
     archive.NamedInt("type", email.type, &NameIn<kEmailBoxTypes>);
     archive.Text("box", email.box);

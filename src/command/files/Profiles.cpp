@@ -6,33 +6,13 @@
 
 #include "command/console/CommandError.h"
 #include "command/console/Progress.h"
+#include "command/files/Columns.h"
 #include "command/json/ProfileJson.h"
-#include "command/scan/ColumnScan.h"
-#include "command/show/Wording.h"
 #include "platform/Format.h"
 #include "platform/Text.h"
 
 namespace orvale {
 namespace {
-
-std::u16string CaptionOf(std::int32_t type) {
-    return FindContactFieldType(type) != nullptr ? Widen(ContactFieldCaption(type)) : Format(u"Type %d", type);
-}
-
-// The type of a caption without one of the table, "Type N"; none if it isn't of that form.
-std::optional<std::int32_t> TypeOfNumberedCaption(std::u16string_view caption) {
-    constexpr std::u16string_view kWord = u"Type ";
-    if (caption.size() <= kWord.size() || !EqualsNoCase(caption.substr(0, kWord.size()), kWord)) return std::nullopt;
-    const std::int32_t type = ToNumber(caption.substr(kWord.size()));
-    return EqualsNoCase(CaptionOf(type), caption) || EqualsNoCase(Format(u"Type %d", type), caption)
-               ? std::optional(type)
-               : std::nullopt;
-}
-
-void AddColumn(CCSVProfile& profile, std::int32_t type) {
-    profile.typeIds.push_back(static_cast<std::uint32_t>(type));
-    profile.captions.push_back(CaptionOf(type));
-}
 
 // What a contact uses of a memory of the phone.
 struct Use {
@@ -96,72 +76,30 @@ SharedProfile DevicesFor(const std::vector<std::pair<std::int32_t, Use>>& uses) 
     return std::make_shared<const Profile>(std::move(profile));
 }
 
-// A deep copy by the profile's own means, but for the ending that these give to dllname.
-template <class Object>
-SharedProfile CopyAs(const void* profile) {
-    const auto& source = *static_cast<const Object*>(profile);
-    Object copy;
-    copy.CopyFrom(source);
-    copy.dllname = source.dllname;
-    return std::make_shared<const Profile>(std::move(copy));
-}
-
 }  // namespace
 
-SharedProfile CopyOfProfile(CFileInterface& file, ProfileShape shape) {
-    const void* profile = nullptr;
-    file.GetProfile(&profile);
-    if (profile == nullptr) return nullptr;
-    switch (shape) {
-        case ProfileShape::kPhonebook:
-            return CopyAs<CPhonebookProfile>(profile);
-        case ProfileShape::kCalendar:
-            return std::make_shared<const Profile>(CCalendarProfile(*static_cast<const CCalendarProfile*>(profile)));
-        case ProfileShape::kSms:
-            return CopyAs<CSMSProfile>(profile);
-        case ProfileShape::kEmail:
-            return CopyAs<CEmailProfile>(profile);
-        case ProfileShape::kNone:
-        case ProfileShape::kColumns:
-        case ProfileShape::kAny:
-            break;
-    }
-    return nullptr;
-}
-
-SharedProfile ColumnsOf(const InputName& input) {
-    if (input.columns) return input.columns;
-    CCSVProfile profile;
-    for (const ContactFieldType& type : kContactFieldTypes)
-        AddColumn(profile, type.id);
-    for (const std::u16string& caption : CaptionsOf(input.path)) {
-        const auto known = [&](const std::u16string& other) { return EqualsNoCase(other, caption); };
-        if (caption.empty() || std::any_of(profile.captions.begin(), profile.captions.end(), known)) continue;
-        const std::optional<std::int32_t> type = TypeOfNumberedCaption(caption);
-        if (!type) continue;
-        profile.typeIds.push_back(static_cast<std::uint32_t>(*type));
-        profile.captions.push_back(caption);
-    }
-    return std::make_shared<const Profile>(std::move(profile));
-}
-
-GivenProfiles ReadGivenProfiles(const std::vector<std::string>& files, Kind kind, bool inputTakesColumns,
+SharedProfile TakeGivenProfiles(const std::vector<std::string>& files, Kind kind, std::vector<InputName>& inputs,
                                 const FormatRow* output) {
-    GivenProfiles given;
+    const bool inputTakesColumns = std::any_of(inputs.begin(), inputs.end(), [](const InputName& input) {
+        return input.format->profile == ProfileShape::kColumns;
+    });
+    SharedProfile columns;
+    SharedProfile given;  // of the output
     for (const std::string& file : files) {
         const SharedProfile profile = ReadProfileFile(file, kind);
         const ProfileShape shape = ShapeOf(profile);
         const bool outputTakes = output != nullptr && output->Takes(shape);
-        if (shape == ProfileShape::kColumns && inputTakesColumns && !given.input)
-            given.input = profile;
-        else if (profile && outputTakes && !given.output)
-            given.output = profile;
+        if (shape == ProfileShape::kColumns && inputTakesColumns && !columns)
+            columns = profile;
+        else if (profile && outputTakes && !given)
+            given = profile;
         else if (profile)
             TellUser(ErrorLine(file, "", "passed over, for neither side of the work takes such a profile"));
     }
+    for (InputName& input : inputs)
+        input.columns = columns;
     // One profile of columns serves both sides.
-    if (given.input && !given.output && output != nullptr && output->profile == ProfileShape::kColumns)
-        given.output = given.input;
+    if (columns && !given && output != nullptr && output->profile == ProfileShape::kColumns) return columns;
     return given;
 }
 

@@ -22,4 +22,8 @@ inline const void* AddressOf(const SharedProfile& profile) {
     return profile ? std::visit([](const auto& each) -> const void* { return &each; }, *profile) : nullptr;
 }
 
+/// A copy of the profile that a file object has, for the shapes that suites carry; else none. Its dllname is as the
+/// file has it.
+SharedProfile CopyOfProfile(CFileInterface& file, ProfileShape shape);
+
 }  // namespace orvale

@@ -1,5 +1,7 @@
 #pragma once
 
+// Names, numbers and moments, as the sections of the page tell them.
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -8,7 +10,6 @@
 #include "command/html/Pieces.h"
 #include "platform/DateValue.h"
 
-/// How the sections of the page tell names, numbers and moments.
 namespace orvale {
 
 /// The first letters of the first and of the last word of a name, or one sign of a script that has no capitals; empty

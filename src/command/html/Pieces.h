@@ -1,5 +1,7 @@
 #pragma once
 
+// The page's template: pieces of markup with holes, and the escaping of what goes into them.
+
 #include <cstddef>
 #include <initializer_list>
 #include <map>

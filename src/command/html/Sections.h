@@ -1,5 +1,7 @@
 #pragma once
 
+// The sections of the page, one for each kind of records.
+
 #include <cstdint>
 #include <map>
 #include <optional>

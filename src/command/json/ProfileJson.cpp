@@ -20,8 +20,7 @@ auto ResizerOf(Lists&... lists) {
 
 // ---- the objects, each told once; they are const when the archive writes
 
-template <class Archive, class Columns>
-requires std::is_same_v<std::remove_const_t<Columns>, CCSVProfile>
+template <class Archive, PossiblyConst<CCSVProfile> Columns>
 void VisitJson(Archive& archive, Columns& profile) {
     const auto resize = ResizerOf(profile.captions, profile.typeIds);
     archive.Rows("columns", profile.captions.size(), resize, [&](auto& row, std::size_t i) {
@@ -50,8 +49,7 @@ void VisitGroups(Archive& archive, Device& device) {
     });
 }
 
-template <class Archive, class Phonebook>
-requires std::is_same_v<std::remove_const_t<Phonebook>, CPhonebookProfile>
+template <class Archive, PossiblyConst<CPhonebookProfile> Phonebook>
 void VisitJson(Archive& archive, Phonebook& profile) {
     archive.Int("config", profile.config);
     archive.Object("speeddial", [&](auto& object) {
@@ -87,8 +85,7 @@ void VisitJson(Archive& archive, Phonebook& profile) {
     archive.Text("dllname", profile.dllname);
 }
 
-template <class Archive, class Calendar>
-requires std::is_same_v<std::remove_const_t<Calendar>, CCalendarProfile>
+template <class Archive, PossiblyConst<CCalendarProfile> Calendar>
 void VisitJson(Archive& archive, Calendar& profile) {
     archive.Text("handset", profile.handset);
     archive.Text("dllname", profile.dllname);
@@ -120,8 +117,7 @@ void VisitSmsBox(Archive& archive, Box& box) {
     });
 }
 
-template <class Archive, class Sms>
-requires std::is_same_v<std::remove_const_t<Sms>, CSMSProfile>
+template <class Archive, PossiblyConst<CSMSProfile> Sms>
 void VisitJson(Archive& archive, Sms& profile) {
     archive.Int("config", profile.config);
     archive.Int("MaxRecipientNum", profile.MaxRecipientNum);
@@ -140,8 +136,7 @@ void VisitJson(Archive& archive, Sms& profile) {
     archive.Text("dllname", profile.dllname);
 }
 
-template <class Archive, class Email>
-requires std::is_same_v<std::remove_const_t<Email>, CEmailProfile>
+template <class Archive, PossiblyConst<CEmailProfile> Email>
 void VisitJson(Archive& archive, Email& profile) {
     archive.Text("handset", profile.handset);
     archive.Text("dllname", profile.dllname);

@@ -43,73 +43,72 @@ constexpr Example kLogExamples[] = {
 };
 
 constexpr VerbRow kVerbs[] = {
-    {Verb::kFormats, "formats", {}, 0, 0, "list the formats", "", {}},
-    {Verb::kInfo,
-     "info",
-     {"FILE...", Values::kFiles},
-     1,
-     kAnyNumber,
-     "tell what files are and whether they are whole",
-     "A folder of files that hold one record each counts as well, and - is standard input, whose format --format "
-     "names. "
-     "The result is 1 if a file can't be read, is damaged "
-     "or cut short.",
-     kInfoExamples},
-    {Verb::kShow,
-     "show",
-     {"FILE", Values::kFiles},
-     1,
-     1,
-     "print the records of a file",
-     "FILE may be -, standard input, whose format --format names. The listing is for a person; the document that "
-     "--json prints is for scripts, and convert takes it back. Of a damaged file what came whole is printed, then the "
-     "place of the damage is told and the result is 1. The columns of a CSV file are known by the English captions "
-     "that orvale(5) lists, and by \"Type N\"; --profile names others, as {\"columns\": [{\"caption\": \"Handy\", "
-     "\"type\": 104}]}.",
-     kShowExamples},
-    {Verb::kView,
-     "view",
-     {"FILE...", Values::kFiles},
-     1,
-     kAnyNumber,
-     "show the records of files as a page in the browser",
-     "Files of several kinds make one page: contacts, calendar, messages as threads, mails. It needs no network, and "
-     "stays "
-     "in the folder for temporary files, readable by you alone. Where no browser opens, a line tells where it is and "
-     "the "
-     "result is 1. Of a damaged file what came whole is on the page.",
-     kViewExamples},
-    {Verb::kDiff,
-     "diff",
-     {"FILE FILE", Values::kFiles},
-     2,
-     2,
-     "tell what the records of two files differ in",
-     "Equal records find each other wherever they stand; of the others, those of one name, then those of one place are "
-     "held against each other. The result is 1 if anything differs.",
-     kDiffExamples},
-    {Verb::kConvert,
-     "convert",
-     {"INPUT... OUTPUT", Values::kFiles},
-     2,
-     kAnyNumber,
-     "write the records of files into a file of another format",
-     "Several inputs of one kind are joined in their order. - is standard input or standard output, whose format "
-     "--from or --to names. OUTPUT is written beside its place and read back; what did "
-     "not survive and what was added is told, and only then does it take its place. Where a file of the format holds "
-     "one record, more of them make OUTPUT a new folder. 'orvale help show' tells how a CSV file gets a profile.",
-     kConvertExamples},
-    {Verb::kLog,
-     "log",
-     {"[off|file|debug|both]", Values::kChoices, "off file debug both"},
-     0,
-     1,
-     "show or set the log of the module in use",
-     "The module writes it into a file beside itself, to standard error (debug), or both. It reads the switch when it "
-     "is loaded. The log holds personal data in full.",
-     kLogExamples},
-    {Verb::kHelp, "help", {"[VERB]", Values::kVerbs}, 0, 1, "tell the verbs, or the options of one", "", {}},
-    {Verb::kVersion, "--version", {}, 0, 0, "tell the version and the module in use", "", {}},
+    {.verb = Verb::kFormats, .word = "formats", .about = "list the formats"},
+    {.verb = Verb::kInfo,
+     .word = "info",
+     .files = {"FILE...", Values::kFiles},
+     .least = 1,
+     .most = kAnyNumber,
+     .about = "tell what files are and whether they are whole",
+     .more = "A folder of files that hold one record each counts as well, and - is standard input, whose format "
+             "--format names. The result is 1 if a file can't be read, is damaged or cut short.",
+     .examples = kInfoExamples},
+    {.verb = Verb::kShow,
+     .word = "show",
+     .files = {"FILE", Values::kFiles},
+     .least = 1,
+     .most = 1,
+     .about = "print the records of a file",
+     .more = "FILE may be -, standard input, whose format --format names. The listing is for a person; the document "
+             "that --json prints is for scripts, and convert takes it back. Of a damaged file what came whole is "
+             "printed, then the place of the damage is told and the result is 1. The columns of a CSV file are known "
+             "by the English captions that orvale(5) lists, and by \"Type N\"; --profile names others, as "
+             "{\"columns\": [{\"caption\": \"Handy\", \"type\": 104}]}.",
+     .examples = kShowExamples},
+    {.verb = Verb::kView,
+     .word = "view",
+     .files = {"FILE...", Values::kFiles},
+     .least = 1,
+     .most = kAnyNumber,
+     .about = "show the records of files as a page in the browser",
+     .more = "Files of several kinds make one page: contacts, calendar, messages as threads, mails. It needs no "
+             "network, and stays in the folder for temporary files, readable by you alone. Where no browser opens, a "
+             "line tells where it is and the result is 1. Of a damaged file what came whole is on the page.",
+     .examples = kViewExamples},
+    {.verb = Verb::kDiff,
+     .word = "diff",
+     .files = {"FILE FILE", Values::kFiles},
+     .least = 2,
+     .most = 2,
+     .about = "tell what the records of two files differ in",
+     .more = "Equal records find each other wherever they stand; of the others, those of one name, then those of one "
+             "place are held against each other. The result is 1 if anything differs.",
+     .examples = kDiffExamples},
+    {.verb = Verb::kConvert,
+     .word = "convert",
+     .files = {"INPUT... OUTPUT", Values::kFiles},
+     .least = 2,
+     .most = kAnyNumber,
+     .about = "write the records of files into a file of another format",
+     .more = "Several inputs of one kind are joined in their order. - is standard input or standard output, whose "
+             "format --from or --to names. OUTPUT is written beside its place and read back; what did not survive and "
+             "what was added is told, and only then does it take its place. Where a file of the format holds one "
+             "record, more of them make OUTPUT a new folder. 'orvale help show' tells how a CSV file gets a profile.",
+     .examples = kConvertExamples},
+    {.verb = Verb::kLog,
+     .word = "log",
+     .files = {"[off|file|debug|both]", Values::kChoices, "off file debug both"},
+     .most = 1,
+     .about = "show or set the log of the module in use",
+     .more = "The module writes it into a file beside itself, to standard error (debug), or both. It reads the switch "
+             "when it is loaded. The log holds personal data in full.",
+     .examples = kLogExamples},
+    {.verb = Verb::kHelp,
+     .word = "help",
+     .files = {"[VERB]", Values::kVerbs},
+     .most = 1,
+     .about = "tell the verbs, or the options of one"},
+    {.verb = Verb::kVersion, .word = "--version", .about = "tell the version and the module in use"},
 };
 
 }  // namespace

@@ -29,12 +29,12 @@ struct Example {
 struct VerbRow {
     Verb verb;
     std::string_view word;
-    Place files;
-    std::size_t least;       ///< how many of them it takes
-    std::size_t most;        ///< kAnyNumber for no limit
-    std::string_view about;  ///< one line, without a dot
-    std::string_view more;   ///< sentences behind that line, in the help of the verb and in the manual
-    std::span<const Example> examples;
+    Place files = {};
+    std::size_t least = 0;       ///< how many of them it takes
+    std::size_t most = 0;        ///< kAnyNumber for no limit
+    std::string_view about;      ///< one line, without a dot
+    std::string_view more = {};  ///< sentences behind that line, in the help of the verb and in the manual
+    std::span<const Example> examples = {};
 };
 
 constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);

@@ -3,13 +3,9 @@
 #include <fstream>
 #include <map>
 #include <string>
-#include <variant>
 
 #include "command/console/CommandError.h"
-#include "command/files/Profiles.h"
-#include "command/scan/ColumnScan.h"
 #include "command/scan/Finding.h"
-#include "host/LossReport.h"
 #include "platform/CodePage.h"
 #include "platform/File.h"
 #include "platform/LineReader.h"
@@ -239,26 +235,15 @@ constexpr struct {
 
 }  // namespace
 
-std::vector<Note> ScanText(const InputName& input, std::uint64_t end) {
-    if (input.format->profile == ProfileShape::kColumns)
-        return ScanColumns(input.path, std::get<CCSVProfile>(*ColumnsOf(input)), end);
+std::vector<Note> ScanText(const FormatRow& format, const std::filesystem::path& path, std::uint64_t end) {
     for (const auto& row : kScans)
-        if (row.format == input.format->type) return row.scan(input.path, end).Notes();
+        if (row.format == format.type) return row.scan(path, end).Notes();
     return {};
 }
 
 bool VCalendarReaderTakesAll(const std::filesystem::path& path) {
     const TextScan scan = ScanVCalendar(path, UINT64_MAX);
     return scan.joinedLines.count == 0 && scan.droppedLines.count == 0 && scan.furtherEntries.count == 0;
-}
-
-void TellColumnLosses(const InputName& input) {
-    if (input.format->profile != ProfileShape::kColumns) return;
-    LossReport report("");
-    for (const Note& note : ScanText(input, UINT64_MAX))
-        report.AddLoss(note.what, note.count, note.firstPlace);
-    for (const std::string& line : report.Lines())
-        TellUser(ErrorLine(input.name, "", line));
 }
 
 }  // namespace orvale

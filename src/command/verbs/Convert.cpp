@@ -7,12 +7,12 @@
 #include <iostream>
 
 #include "command/console/Progress.h"
+#include "command/files/InputScan.h"
 #include "command/files/JoinedInputs.h"
 #include "command/files/Profiles.h"
 #include "command/files/RecordOutput.h"
 #include "command/formats/Kinds.h"
 #include "command/json/ProfileJson.h"
-#include "command/scan/TextScan.h"
 #include "host/Flatten.h"
 #include "host/LossReport.h"
 #include "platform/Clock.h"
@@ -68,7 +68,7 @@ void CopyToStandardOutput(const std::string& path) {
 
 // What the reader of an input could not make out, up to where the input is whole.
 void AddScan(LossReport& report, const InputName& input, std::optional<std::uint64_t> brokenAt) {
-    for (const Note& note : ScanText(input, brokenAt.value_or(UINT64_MAX)))
+    for (const Note& note : ScanInput(input, brokenAt.value_or(UINT64_MAX)))
         report.AddLoss(note.what, note.count, input.name + ", " + note.firstPlace);
 }
 
@@ -106,17 +106,25 @@ void Compare(LossReport& report, const Record& before, const Record& after, std:
 struct Conversion {
     const LoadedLibrary& library;
     const ConvertOrder& order;
-    const std::string& outputName;  // what lines about it call it
-    const std::string& outputPath;
-    std::vector<InputName> names;
-    const FormatRow& to;
+    std::vector<InputName> inputs;
     Kind kind;
-    SharedProfile profile;  // of the output
-    bool ownProfile;        // it isn't the built-in one
-    bool dropsProfile;      // an input has one, and the output takes none
-    std::string profileOf;  // the name of that input
-    bool replaces;          // what stands at the output's place
+    const FormatRow& to;
+    std::string outputName;  // what lines about it call it
+    std::string outputPath;
+    bool replaces;                      // what stands at the output's place
+    SharedProfile profile = nullptr;    // of the output
+    bool builtInProfile = false;        // it is one that nobody gave
+    std::string droppedProfileOf = {};  // the input whose profile the output doesn't take; empty if there is none
 };
+
+// The output's profile: the one that the user gave, else that of an input, else a built-in one.
+void ChooseProfile(Conversion& work, const SharedProfile& given, const InputsInfo& inputs) {
+    const bool takesInputs = inputs.profile && work.to.Takes(ShapeOf(inputs.profile));
+    if (inputs.profile && !takesInputs && !given) work.droppedProfileOf = inputs.profileOf;
+    work.profile = given ? given : takesInputs ? inputs.profile : nullptr;
+    work.builtInProfile = !work.profile;
+    if (work.builtInProfile) work.profile = BuiltInProfile(work.library, work.inputs, work.to);
+}
 
 // A writer doesn't look at the limits of its format's reader.
 [[noreturn]] void FailReadingBack(const Conversion& work, const std::vector<InputName>& files, std::size_t number) {
@@ -162,7 +170,7 @@ void Verify(LossReport& report, const Conversion& work, const RecordOutput& outp
     const SharedProfile columns = work.to.profile == ProfileShape::kColumns ? work.profile : nullptr;
     for (const std::string& file : output.Files())
         files.push_back({work.outputName, file, &work.to, true, columns});
-    JoinedInputs again(work.library, work.names);
+    JoinedInputs again(work.library, work.inputs);
     again.onlyUnique = work.order.unique;
     if (work.order.partial) again.onEmpty = [](const std::string&) {};
     JoinedInputs written(work.library, files);
@@ -171,7 +179,7 @@ void Verify(LossReport& report, const Conversion& work, const RecordOutput& outp
         report.AddLoss("pieces of a value that ends its record", 1, place);
     };
     CompareWithInputs<Record>(report, again, written, work, files, total);
-    if (work.ownProfile && work.to.profile != ProfileShape::kColumns)
+    if (!work.builtInProfile && work.to.profile != ProfileShape::kColumns)
         report.Compare(FactsOfKept(work.profile), FactsOf(written.FirstProfile(), true), std::string("the profile"));
 }
 
@@ -185,43 +193,48 @@ void WriteAll(JoinedInputs& inputs, RecordOutput& output, const std::string& sho
     output.Finish();
 }
 
+// What was lost before there were records, and what the writer left out.
+void GatherLosses(LossReport& report, const Conversion& work, const JoinedInputs& inputs, const RecordOutput& output) {
+    if (!work.droppedProfileOf.empty()) report.AddLoss("profile", 1, work.droppedProfileOf);
+    if (inputs.PassedOver() != 0)
+        report.AddLoss("records that could not be read and were passed over", inputs.PassedOver(),
+                       inputs.PassedOverIn());
+    for (std::size_t i = 0; i < work.inputs.size(); ++i)
+        AddScan(report, work.inputs[i], inputs.BrokenAt()[i]);
+    for (const Note& note : inputs.Notes())
+        report.AddLoss(note.what, note.count, note.firstPlace);
+    for (const Note& note : output.Losses())
+        report.AddLoss(note.what, note.count, note.firstPlace.empty() ? work.outputName : note.firstPlace);
+}
+
 template <class Record>
 ExitCode ConvertRecords(const Conversion& work) {
     const ConvertOrder& order = work.order;
     const StoppedClock clock(Now());  // a record whose input tells no time gets the same one at each reading
-    JoinedInputs inputs(work.library, work.names);
+    const auto tell = [&](const std::string& line) { TellUser(ErrorLine(work.outputName, "", line)); };
+    JoinedInputs inputs(work.library, work.inputs);
     inputs.onlyUnique = order.unique;
     inputs.onDamage = [&](const std::string& name, const std::string& place) {
         if (!order.partial) FailFile(name, place, "damaged from here on; --partial takes what came before");
         TellUser(ErrorLine(name, place, "damaged from here on and left out"));
     };
-    if (order.partial && work.names.size() > 1) inputs.onEmpty = [](const std::string& line) { TellUser(line); };
+    if (order.partial && work.inputs.size() > 1) inputs.onEmpty = [](const std::string& line) { TellUser(line); };
     RecordOutput output(work.library, work.to, work.kind, work.outputPath, work.outputName, work.replaces, work.profile,
                         order.options);
     WriteAll<Record>(inputs, output, work.outputName);
 
-    LossReport report{std::string(RecordWord(work.kind))};
     if (inputs.LeftOut() != 0)
-        TellUser(ErrorLine(work.outputName, "",
-                           "left out: " + std::to_string(inputs.LeftOut()) + " " +
-                               std::string(RecordWord(work.kind, inputs.LeftOut() != 1)) + " equal to an earlier one"));
-    if (work.dropsProfile) report.AddLoss("profile", 1, work.profileOf);
-    if (inputs.PassedOver() != 0)
-        report.AddLoss("records that could not be read and were passed over", inputs.PassedOver(),
-                       inputs.PassedOverIn());
-    for (std::size_t i = 0; i < work.names.size(); ++i)
-        AddScan(report, work.names[i], inputs.BrokenAt()[i]);
-    for (const Note& note : inputs.Notes())
-        report.AddLoss(note.what, note.count, note.firstPlace);
-    for (const Note& note : output.Losses())
-        report.AddLoss(note.what, note.count, note.firstPlace.empty() ? work.outputName : note.firstPlace);
+        tell("left out: " + std::to_string(inputs.LeftOut()) + " " +
+             std::string(RecordWord(work.kind, inputs.LeftOut() != 1)) + " equal to an earlier one");
+    LossReport report{std::string(RecordWord(work.kind))};
+    GatherLosses(report, work, inputs, output);
     for (const std::string& line : output.Remarks())
-        TellUser(ErrorLine(work.outputName, "", line));
+        tell(line);
     if (order.verify && work.to.Reads()) Verify<Record>(report, work, output, inputs.Count());
     for (const std::string& line : report.Lines())
-        TellUser(ErrorLine(work.outputName, "", line));
+        tell(line);
     if (order.strict && report.HasLoss()) {
-        TellUser(ErrorLine(work.outputName, "", "not written, for --strict takes no loss"));
+        tell("not written, for --strict takes no loss");
         return ExitCode::kLoss;
     }
     output.Commit();
@@ -238,28 +251,22 @@ ExitCode Convert(const LoadedLibrary& library, const ConvertOrder& order) {
         if (from.kind && to->kind && from.kind != to->kind)
             FailUsage("--from and the output's format are of two kinds");
     }
-    std::vector<InputName> names = ResolveInputs(order.inputs, order.from);
-    const InputsInfo info = RequireReadable(library, names, to != nullptr ? to->kind : std::nullopt);
+    std::vector<InputName> inputs = ResolveInputs(order.inputs, order.from);
+    const InputsInfo info = RequireReadable(library, inputs, to != nullptr ? to->kind : std::nullopt);
     if (to == nullptr) to = OutputFormat(order, info.kind);
-    RequirePlaceFor(order, names);
+    RequirePlaceFor(order, inputs);
+    const SharedProfile given = TakeGivenProfiles(order.profiles, info.kind, inputs, to);
 
-    const auto takesColumns = [](const InputName& name) { return name.format->profile == ProfileShape::kColumns; };
-    const bool inputTakes = std::any_of(names.begin(), names.end(), takesColumns);
-    const GivenProfiles given = ReadGivenProfiles(order.profiles, info.kind, inputTakes, to);
-    for (InputName& name : names)
-        name.columns = given.input;
-    const bool keepsOwn = info.profile && to->Takes(ShapeOf(info.profile));
     const std::unique_ptr<const TemporaryFile> spool = order.output == kStandardStream ? MakeSpool() : nullptr;
-    const std::string outputName = spool ? kStandardOutput : order.output;
-    const std::string& outputPath = spool ? spool->Path() : order.output;
-    Conversion work{library,   order,        outputName, outputPath, names,          *to,
-                    info.kind, given.output, true,       false,      info.profileOf, order.force || spool};
-    if (!work.profile && keepsOwn) work.profile = info.profile;
-    work.dropsProfile = info.profile && !keepsOwn && !given.output;
-    if (!work.profile) {
-        work.profile = BuiltInProfile(library, names, *to);
-        work.ownProfile = false;
-    }
+    Conversion work{.library = library,
+                    .order = order,
+                    .inputs = std::move(inputs),
+                    .kind = info.kind,
+                    .to = *to,
+                    .outputName = spool ? kStandardOutput : order.output,
+                    .outputPath = spool ? spool->Path() : order.output,
+                    .replaces = order.force || spool};
+    ChooseProfile(work, given, info);
     const ExitCode code =
         VisitKind(info.kind, [&]<class Record>(std::type_identity<Record>) { return ConvertRecords<Record>(work); });
     if (spool && code != ExitCode::kLoss) CopyToStandardOutput(spool->Path());

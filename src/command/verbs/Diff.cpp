@@ -12,7 +12,7 @@
 #include "command/formats/Kinds.h"
 #include "command/json/ProfileJson.h"
 #include "command/show/Titles.h"
-#include "command/verbs/DiffJson.h"
+#include "command/verbs/ResultsJson.h"
 #include "host/Differences.h"
 #include "platform/Clock.h"
 #include "platform/Text.h"
@@ -259,17 +259,13 @@ ExitCode Diff(const LoadedLibrary& library, const DiffOrder& order) {
     std::optional<Kind> kind;
     for (const std::size_t side : {0, 1}) {
         names[side] = ResolveInputs({order.files[side]}, order.format);
-        if (names[side].front().spool) all.files[side] = names[side].front().name;
+        all.files[side] = ShownName(order.files[side]);
         const InputsInfo info = RequireReadable(library, names[side], kind);
         kind = all.kind = info.kind;
         profiles[side] = info.profile;
     }
-    for (std::vector<InputName>& side : names) {
-        const bool takesColumns = side.front().format->profile == ProfileShape::kColumns;
-        const GivenProfiles given = ReadGivenProfiles(order.profiles, all.kind, takesColumns, nullptr);
-        for (InputName& name : side)
-            name.columns = given.input;
-    }
+    for (std::vector<InputName>& side : names)
+        TakeGivenProfiles(order.profiles, all.kind, side, nullptr);
     Told told;
     VisitKind(all.kind, [&]<class Record>(std::type_identity<Record>) {
         auto a = FingerprintsOf<Record>(library, names[0], all.files[0], told);

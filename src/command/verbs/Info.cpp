@@ -4,10 +4,10 @@
 
 #include "command/console/Progress.h"
 #include "command/console/Screen.h"
+#include "command/files/InputScan.h"
 #include "command/files/RecordInput.h"
 #include "command/formats/Kinds.h"
-#include "command/scan/TextScan.h"
-#include "command/verbs/FormatsJson.h"
+#include "command/verbs/ResultsJson.h"
 #include "platform/Text.h"
 
 namespace orvale {
@@ -51,6 +51,22 @@ void Print(const FileInfo& info) {
     std::cout << '\n';
 }
 
+// Tells what one file is, and whether all is well with it.
+bool TellFile(const LoadedLibrary& library, const InputName& name, bool json, std::vector<FileInfo>& infos) {
+    RecordInput input(library, name);
+    const FileInfo info = Gather(input);
+    if (input.PassedOver() != 0) TellUser(ErrorLine(info.file, "", PassedOverText(input.PassedOver())));
+    if (LacksItsRecord(input)) TellUser(ErrorLine(info.file, "", "holds no record of its format"));
+    if (info.header)
+        TellColumnLosses(name);
+    else
+        TellUser(ErrorLine(info.file, "", HeaderReason(input)));
+    if (!json) Print(info);
+    infos.push_back(info);
+    return info.header && info.verifyCode == VERIFY_OK && !info.truncated && input.PassedOver() == 0 &&
+           !LacksItsRecord(input);
+}
+
 }  // namespace
 
 ExitCode TellInfo(const LoadedLibrary& library, const std::vector<std::string>& files, const std::string& formatName,
@@ -63,23 +79,8 @@ ExitCode TellInfo(const LoadedLibrary& library, const std::vector<std::string>& 
         try {
             const std::vector<InputName> names = ResolveInputs({file}, formatName);
             asList = asList || std::filesystem::is_directory(file);
-            for (const InputName& name : names) {
-                RecordInput input(library, name);
-                const FileInfo info = Gather(input);
-                if (input.PassedOver() != 0) {
-                    code = ExitCode::kFailed;
-                    TellUser(ErrorLine(info.file, "", PassedOverText(input.PassedOver())));
-                }
-                const bool good = info.header && info.verifyCode == VERIFY_OK && !info.truncated;
-                if (LacksItsRecord(input)) TellUser(ErrorLine(info.file, "", "holds no record of its format"));
-                if (!good || LacksItsRecord(input)) code = ExitCode::kFailed;
-                if (info.header)
-                    TellColumnLosses(name);
-                else
-                    TellUser(ErrorLine(info.file, "", HeaderReason(input)));
-                if (!json) Print(info);
-                infos.push_back(info);
-            }
+            for (const InputName& name : names)
+                if (!TellFile(library, name, json, infos)) code = ExitCode::kFailed;
         } catch (const CommandError& error) {
             if (error.Code() == ExitCode::kUsage) throw;
             TellUser(error.what());

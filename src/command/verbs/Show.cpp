@@ -4,12 +4,12 @@
 #include <optional>
 
 #include "command/console/Progress.h"
+#include "command/files/InputScan.h"
 #include "command/files/JoinedInputs.h"
 #include "command/files/Profiles.h"
 #include "command/formats/Kinds.h"
 #include "command/json/JsonDocument.h"
 #include "command/json/ProfileJson.h"
-#include "command/scan/TextScan.h"
 #include "command/show/CsvTable.h"
 #include "command/show/RecordPrinter.h"
 #include "platform/Terminal.h"
@@ -22,7 +22,7 @@ namespace {
 class ShowProgress {
  public:
     explicit ShowProgress(const ShowOrder& order) {
-        if (!IsTerminal(StandardStream::kOutput)) line_.emplace("reading", order.file);
+        if (!IsTerminal(StandardStream::kOutput)) line_.emplace("reading", ShownName(order.file));
     }
     void Tick(std::size_t count) {
         if (line_) line_->Tick(count);
@@ -42,9 +42,9 @@ void ShowJson(JoinedInputs& input, const ShowOrder& order, Kind kind, const Shar
     }
     writer.Finish();
     for (const std::string& line : writer.Remarks())
-        TellUser(ErrorLine(order.file, "", line));
+        TellUser(ErrorLine(ShownName(order.file), "", line));
     for (const Note& loss : writer.Losses())
-        TellUser(ErrorLine(order.file, "", "lost: " + loss.what + ": " + std::to_string(loss.count)));
+        TellUser(ErrorLine(ShownName(order.file), "", "lost: " + loss.what + ": " + std::to_string(loss.count)));
 }
 
 template <class Record>
@@ -89,19 +89,14 @@ void ShowProfile(const ShowOrder& order, const SharedProfile& profile) {
 
 }  // namespace
 
-ExitCode Show(const LoadedLibrary& library, ShowOrder order) {
-    order.csv = order.csv || order.safeCsv;
+ExitCode Show(const LoadedLibrary& library, const ShowOrder& order) {
     if (order.csv && (order.json || order.profileOnly))
         FailUsage(std::string("--csv and ") + (order.json ? "--json" : "--profile-only") + " can't stand together");
     if (order.profileOnly && order.noProfile) FailUsage("--profile-only and --no-profile can't stand together");
     std::vector<InputName> names = ResolveInputs({order.file}, order.format);
-    if (names.front().spool) order.file = names.front().name;
     const InputsInfo info = RequireReadable(library, names, std::nullopt);
-    const bool takesColumns = names.front().format->profile == ProfileShape::kColumns;
-    const GivenProfiles given =
-        ReadGivenProfiles(order.profiles, info.kind, takesColumns, order.json ? &FormatOfName("json") : nullptr);
-    for (InputName& name : names)
-        name.columns = given.input;
+    const SharedProfile given =
+        TakeGivenProfiles(order.profiles, info.kind, names, order.json ? &FormatOfName("json") : nullptr);
     TellColumnLosses(names.front());
     JoinedInputs input(library, names);
     std::vector<std::string> damages;
@@ -111,7 +106,7 @@ ExitCode Show(const LoadedLibrary& library, ShowOrder order) {
     if (names.size() > 1) input.onEmpty = [&](const std::string& line) { damages.push_back(line); };
     VisitKind(info.kind, [&]<class Record>(std::type_identity<Record>) {
         if (order.json)
-            ShowJson<Record>(input, order, info.kind, given.output ? given.output : info.profile);
+            ShowJson<Record>(input, order, info.kind, given ? given : info.profile);
         else if (order.csv)
             ShowCsv<Record>(library, names, input, order);
         else if (order.profileOnly)
@@ -119,7 +114,8 @@ ExitCode Show(const LoadedLibrary& library, ShowOrder order) {
         else
             ShowListing<Record>(input, order, info.kind);
     });
-    if (input.PassedOver() != 0) damages.push_back(ErrorLine(order.file, "", PassedOverText(input.PassedOver())));
+    if (input.PassedOver() != 0)
+        damages.push_back(ErrorLine(ShownName(order.file), "", PassedOverText(input.PassedOver())));
     for (const std::string& line : damages)
         TellUser(line);
     return damages.empty() ? ExitCode::kDone : ExitCode::kFailed;

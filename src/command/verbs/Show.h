@@ -15,7 +15,7 @@ struct ShowOrder {
     std::string format;  ///< empty to find it
     bool json = false;
     bool csv = false;
-    bool safeCsv = false;  ///< cells that a spreadsheet would take for formulas are marked
+    bool safeCsv = false;  ///< of a table, cells that a spreadsheet would take for formulas are marked
     ColorMode color = ColorMode::kAuto;
     std::vector<std::string> profiles = {};  ///< files of --profile
     bool profileOnly = false;
@@ -24,6 +24,6 @@ struct ShowOrder {
 };
 
 /// Prints the records of a file, as a person reads them or as the JSON document. Of a damaged file, what came whole.
-ExitCode Show(const LoadedLibrary& library, ShowOrder order);
+ExitCode Show(const LoadedLibrary& library, const ShowOrder& order);
 
 }  // namespace orvale
