@@ -89,7 +89,8 @@ ExitCode RunCommand(const Arguments& typed) {
         case Verb::kShow:
             return Show(LoadModule(typed.module), OrderOfShow(typed));
         case Verb::kView:
-            return View(LoadModule(typed.module), {typed.files, typed.format, typed.output, typed.force});
+            return View(LoadModule(typed.module),
+                        {typed.files, typed.format, typed.profiles, typed.output, typed.force});
         case Verb::kDiff:
             return Diff(LoadModule(typed.module),
                         {{typed.files[0], typed.files[1]}, typed.format, typed.profiles, typed.json});

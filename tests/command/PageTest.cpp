@@ -394,6 +394,14 @@ TEST_F(ViewTest, FilesOfSeveralKindsMakeOnePage) {
     EXPECT_THAT(folder.Get("cut.html"), HasSubstr("whole"));
 }
 
+TEST_F(ViewTest, ColumnsAreKnownByAProfile) {
+    folder.Put("in.csv", "Handy\r\n4711\r\n");
+    folder.Put("columns.json", R"({"columns": [{"caption": "Handy", "type": 104}]})");
+    const Outcome outcome = RunOrvale(folder, "view --output page.html --profile columns.json b.json in.csv");
+    EXPECT_EQ(outcome.exitCode, 0) << outcome.errors;
+    EXPECT_THAT(folder.Get("page.html"), HasSubstr("4711"));
+}
+
 TEST_F(ViewTest, ThePageOpensOnTheDesktopAndOutlivesTheCommand) {
     std::filesystem::create_directory(folder / "bin");
     folder.Put("bin/xdg-open", "#!/bin/sh\nprintf %s \"$1\" >opened\n");

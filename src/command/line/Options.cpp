@@ -81,7 +81,7 @@ constexpr OptionRow kOptions[] = {
     {.name = "--profile",
      .value = {"FILE", Values::kFiles},
      .repeats = true,
-     .verbs = Set({Verb::kShow, Verb::kDiff, Verb::kConvert}),
+     .verbs = Set({Verb::kShow, Verb::kView, Verb::kDiff, Verb::kConvert}),
      .help = "a phone's profile or the columns of a CSV file, as JSON; once for each side",
      .more = "The file is a JSON document of show --json, or its profile alone; its shape tells the formats that it is "
              "for. "

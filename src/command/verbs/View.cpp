@@ -6,6 +6,7 @@
 #include <iostream>
 
 #include "command/console/Progress.h"
+#include "command/files/Profiles.h"
 #include "command/files/RecordInput.h"
 #include "command/formats/Kinds.h"
 #include "command/html/Page.h"
@@ -76,7 +77,8 @@ ExitCode OpenPage(Page& page) {
 }  // namespace
 
 ExitCode View(const LoadedLibrary& library, const ViewOrder& order) {
-    const std::vector<InputName> names = ResolveInputs(order.files, order.format);
+    std::vector<InputName> names = ResolveInputs(order.files, order.format);
+    TakeGivenProfiles(order.profiles, Kind::kContacts, names, nullptr);
     Page page;
     std::vector<std::string> damages;
     for (const InputName& name : names)

@@ -11,8 +11,9 @@ namespace orvale {
 /// What `orvale view` was asked for.
 struct ViewOrder {
     std::vector<std::string> files;
-    std::string format;  ///< empty to find each file's own
-    std::string output;  ///< where the page is to be; empty to open a temporary one in the browser
+    std::string format;                 ///< empty to find each file's own
+    std::vector<std::string> profiles;  ///< files of --profile, for files of columns
+    std::string output;                 ///< where the page is to be; empty to open a temporary one in the browser
     bool force = false;
 };
 
