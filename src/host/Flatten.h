@@ -1,5 +1,7 @@
 #pragma once
 
+// All that a record says as one text, to see whether two are equal.
+
 #include <bit>
 #include <cstdint>
 #include <iterator>

@@ -1,5 +1,7 @@
 #pragma once
 
+// The formats of the module: names, kinds, extensions, profiles, ends, and detection by content.
+
 #include <cstdint>
 #include <filesystem>
 #include <optional>

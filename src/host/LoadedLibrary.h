@@ -1,5 +1,7 @@
 #pragma once
 
+// The module, loaded into a program.
+
 #include <filesystem>
 #include <memory>
 

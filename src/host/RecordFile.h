@@ -1,5 +1,7 @@
 #pragma once
 
+// A file of records with a typed face: what a program opens, reads and writes.
+
 #include <cstdint>
 #include <filesystem>
 #include <iterator>

@@ -1,5 +1,7 @@
 #pragma once
 
+// A record in 32 bytes, by which equal ones are known among many.
+
 #include <array>
 #include <cstdint>
 #include <string>

@@ -1,5 +1,7 @@
 #pragma once
 
+// Several inputs, read as one; where each ends and what is wrong with it is judged here.
+
 #include <functional>
 #include <memory>
 #include <optional>

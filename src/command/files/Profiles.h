@@ -1,5 +1,7 @@
 #pragma once
 
+// The profiles of a piece of work: those that the user gives, and those made where nobody gives one.
+
 #include <optional>
 #include <string>
 #include <vector>

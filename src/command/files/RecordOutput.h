@@ -1,5 +1,7 @@
 #pragma once
 
+// One output, written beside its place, whatever its format.
+
 #include <filesystem>
 #include <fstream>
 #include <memory>

@@ -1,5 +1,7 @@
 #pragma once
 
+// What a format is to the command, the table of all, and which one a file is of.
+
 #include <filesystem>
 #include <memory>
 #include <optional>

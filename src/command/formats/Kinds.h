@@ -1,5 +1,7 @@
 #pragma once
 
+// From a kind of data to the type of its records.
+
 #include <stdexcept>
 #include <type_traits>
 

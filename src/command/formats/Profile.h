@@ -1,5 +1,7 @@
 #pragma once
 
+// A profile of any shape as one value.
+
 #include <memory>
 #include <variant>
 

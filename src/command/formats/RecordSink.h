@@ -1,5 +1,7 @@
 #pragma once
 
+// How a format of the command's own is written: what each of them derives from.
+
 #include <stdexcept>
 #include <string>
 #include <vector>

@@ -1,5 +1,7 @@
 #pragma once
 
+// How a format of the command's own is read: what each of them derives from.
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>

@@ -1,3 +1,4 @@
+// The calendar on the page: an agenda by months.
 #include <algorithm>
 #include <numeric>
 

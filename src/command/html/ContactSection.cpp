@@ -1,3 +1,4 @@
+// The contacts on the page: a card each, by letters.
 #include <algorithm>
 #include <iterator>
 

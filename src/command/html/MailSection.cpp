@@ -1,3 +1,4 @@
+// The mails on the page: a list and a reading pane.
 #include <algorithm>
 
 #include "command/html/Sections.h"

@@ -1,3 +1,4 @@
+// The messages on the page: a thread for each number.
 #include <algorithm>
 
 #include "command/html/Sections.h"

@@ -1,5 +1,7 @@
 #pragma once
 
+// The months of the calendar: which days an entry falls on.
+
 #include <algorithm>
 #include <cstdint>
 #include <map>

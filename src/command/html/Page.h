@@ -1,5 +1,7 @@
 #pragma once
 
+// The page as a whole: records go in, markup comes out.
+
 #include <array>
 #include <ostream>
 #include <vector>

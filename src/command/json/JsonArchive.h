@@ -1,5 +1,7 @@
 #pragma once
 
+// One object of the JSON document, read and written by the same description of its keys.
+
 #include <cstdint>
 #include <memory>
 #include <optional>

@@ -1,5 +1,7 @@
 #pragma once
 
+// The JSON document as a format: head, profile, records, one at a time.
+
 #include <filesystem>
 #include <optional>
 #include <ostream>

@@ -1,5 +1,7 @@
 #pragma once
 
+// The text of a JSON document, from which values are taken one by one.
+
 #include <cstddef>
 #include <filesystem>
 #include <string>

@@ -1,5 +1,7 @@
 #pragma once
 
+// The profiles in the JSON document, and what a profile says.
+
 #include <cstddef>
 #include <string>
 #include <string_view>

@@ -1,5 +1,7 @@
 #pragma once
 
+// What `orvale help` prints.
+
 #include <span>
 #include <string>
 #include <string_view>

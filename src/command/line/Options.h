@@ -1,5 +1,7 @@
 #pragma once
 
+// The options of all verbs, as one table.
+
 #include <span>
 #include <string>
 #include <string_view>

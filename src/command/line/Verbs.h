@@ -1,5 +1,7 @@
 #pragma once
 
+// The verbs, as one table.
+
 #include <cstddef>
 #include <span>
 #include <string>

@@ -1,5 +1,7 @@
 #pragma once
 
+// What the module's reader leaves out of CSV files, and their captions as it takes them.
+
 #include <cstdint>
 #include <filesystem>
 #include <string>

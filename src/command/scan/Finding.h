@@ -1,5 +1,7 @@
 #pragma once
 
+// A count with the first place, of which scans make notes.
+
 #include <cstddef>
 #include <string>
 #include <vector>

@@ -1,3 +1,4 @@
+// The calendar in a listing.
 #include <algorithm>
 #include <optional>
 #include <sstream>

@@ -1,3 +1,4 @@
+// Contacts in a listing.
 #include "command/show/RecordPrinter.h"
 #include "command/show/Titles.h"
 #include "platform/Format.h"

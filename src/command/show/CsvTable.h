@@ -1,5 +1,7 @@
 #pragma once
 
+// The table of `orvale show --csv`.
+
 #include <cstddef>
 #include <cstdint>
 #include <map>

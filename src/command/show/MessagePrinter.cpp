@@ -1,3 +1,4 @@
+// Messages and mails in a listing.
 #include "command/show/RecordPrinter.h"
 #include "command/show/Titles.h"
 #include "command/show/Wording.h"

@@ -1,5 +1,7 @@
 #pragma once
 
+// The listing of `orvale show`.
+
 #include <cstddef>
 #include <string>
 #include <vector>

@@ -1,5 +1,7 @@
 #pragma once
 
+// `orvale convert`.
+
 #include <string>
 #include <vector>
 

@@ -1,5 +1,7 @@
 #pragma once
 
+// `orvale diff`.
+
 #include <array>
 #include <cstddef>
 #include <optional>

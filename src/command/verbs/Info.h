@@ -1,5 +1,7 @@
 #pragma once
 
+// `orvale info`.
+
 #include <string>
 #include <vector>
 

@@ -1,5 +1,7 @@
 #pragma once
 
+// `orvale show`.
+
 #include <string>
 #include <vector>
 

@@ -1,5 +1,7 @@
 #pragma once
 
+// `orvale view`.
+
 #include <string>
 #include <vector>
 
