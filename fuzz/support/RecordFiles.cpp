@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "command/files/Profiles.h"
 #include "command/json/ProfileJson.h"
 #include "platform/CodePage.h"
 #include "platform/Text.h"
