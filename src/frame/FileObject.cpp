@@ -1,10 +1,11 @@
 #include "frame/FileObject.h"
 
-#include <algorithm>
 #include <array>
 #include <bit>
-#include <cstring>
+#include <limits>
+#include <stdexcept>
 
+#include "frame/LittleEndian.h"
 #include "frame/Log.h"
 #include "frame/UtcText.h"
 #include "platform/Format.h"
@@ -12,44 +13,24 @@
 
 namespace {
 
-using Gathering = CFile::Gathering;
-
-template <class Number>
-std::array<char, sizeof(Number)> ToLittleEndian(Number number) {
-    std::array<char, sizeof(Number)> bytes;
-    for (char& byte : bytes) {
-        byte = static_cast<char>(number & 0xFF);
-        number >>= 8;
-    }
-    return bytes;
-}
-
-template <class Number>
-Number FromLittleEndian(const std::array<char, sizeof(Number)>& bytes) {
-    Number number = 0;
-    for (std::size_t i = bytes.size(); i-- > 0;)
-        number = number << 8 | static_cast<unsigned char>(bytes[i]);
-    return number;
-}
-
 // Whether all bytes of a number arrived; none are taken at the end of the file.
 template <class Number>
 bool ReadNumber(CFile& file, Number& number) {
-    std::array<char, sizeof(Number)> bytes;
     const std::string_view ahead = file.Ahead();
-    if (ahead.size() >= bytes.size()) {
-        std::memcpy(bytes.data(), ahead.data(), bytes.size());
-        file.Skip(bytes.size());
-    } else if (file.CFile::Read(bytes.data(), bytes.size()) != bytes.size()) {
-        return false;
+    if (ahead.size() >= sizeof number) {
+        number = orvale::FromLittleEndian<Number>(ahead.data());
+        file.Skip(sizeof number);
+        return true;
     }
-    number = FromLittleEndian<Number>(bytes);
+    std::array<char, sizeof number> bytes;
+    if (file.CFile::Read(bytes.data(), bytes.size()) != bytes.size()) return false;
+    number = orvale::FromLittleEndian<Number>(bytes.data());
     return true;
 }
 
 template <class Number>
 void WriteNumber(CFile& file, Number number) {
-    const auto bytes = ToLittleEndian(number);
+    const auto bytes = orvale::ToLittleEndian(number);
     file.CFile::Write(bytes.data(), bytes.size());
 }
 
@@ -87,22 +68,15 @@ orvale::TextConverter& CFileObject::Converter() {
 std::int32_t CFileObject::ReadString(std::u16string* text) {
     if (text == nullptr) return 0;
     try {
-        std::uint32_t length = 0;
-        if (!ReadNumber(*this, length) || static_cast<std::int32_t>(length) > kLongestString) {
-            text->clear();
-            return 0;
-        }
+        std::int32_t length = -1;  // stays so where it can't be read
+        ReadInt32(*this, &length);
         text->clear();
-        if (static_cast<std::int32_t>(length) <= 0) return length == 0;
+        if (length <= 0 || length > kLongestString) return length == 0;
         std::array<char, 2 * static_cast<std::size_t>(kLongestString)> bytes;
-        const std::size_t units = CFile::Read(bytes.data(), 2 * length) / 2;  // half a unit is none
-        text->resize(units);
-        for (std::size_t i = 0; i < units; ++i) {
-            (*text)[i] = static_cast<char16_t>(static_cast<unsigned char>(bytes[2 * i]) |
-                                               static_cast<unsigned char>(bytes[2 * i + 1]) << 8);
-        }
-        text->resize(std::min(units, text->find(u'\0')));
-        return text->size() == length;
+        const std::size_t units =
+            CFile::Read(bytes.data(), 2 * static_cast<std::uint32_t>(length)) / 2;  // no half unit
+        orvale::AssignUnits(*text, bytes.data(), units);
+        return text->size() == static_cast<std::size_t>(length);
     } catch (...) {
         text->clear();
         return 0;
@@ -115,6 +89,12 @@ void CFileObject::WriteString(const std::u16string* text) {
     WriteNumber(*this, static_cast<std::uint32_t>(text->size()));
     orvale::WriteUnits(*this, *text);
     if (gathering.IsOutermost()) HandOver();
+}
+
+void CFileObject::WriteNarrow(std::u16string_view text) {
+    const std::string bytes = ToNarrow(text);
+    if (bytes.size() > std::numeric_limits<std::uint32_t>::max()) throw std::length_error("more than a write can take");
+    CFile::Write(bytes.data(), static_cast<std::uint32_t>(bytes.size()));
 }
 
 std::int32_t CFileObject::ReadInt(std::int32_t* value) {

@@ -57,6 +57,9 @@ class CFileObject : public CFileInterface {
     std::string ToNarrow(std::u16string_view text) { return Converter().ToNarrow(text); }
     std::u16string ToWide(std::string_view bytes) { return Converter().ToWide(bytes); }
 
+    /// Writes a text, in the code page of the thread, at the file's position.
+    void WriteNarrow(std::u16string_view text);
+
  protected:
     /// `openLine` is the head of the line that Open logs, such as "ORVALE - CQZSFile::Open".
     CFileObject(std::int32_t fileVersion, std::u16string_view openLine, bool keepsShortage = false)

@@ -1,10 +1,8 @@
 #include "frame/Log.h"
 
-#include <bit>
-#include <limits>
 #include <string>
-#include <vector>
 
+#include "frame/LittleEndian.h"
 #include "platform/DebugOutput.h"
 #include "platform/File.h"
 #include "platform/ModulePath.h"
@@ -29,7 +27,6 @@ void AppendToLogFile(std::u16string_view text) {
         return;
     const CFile::Gathering gathering(file);
     if (file.GetLength() == 0) WriteUnits(file, u"\xFEFF");
-    file.HandOver();
     file.Seek(0, CFile::kEnd);
     WriteUnits(file, text);
     file.Close();
@@ -64,22 +61,6 @@ void LogText(std::u16string_view text) noexcept {
     try {
         AppendToLogFile(text);
     } catch (...) {  // a failed log never disturbs the caller
-    }
-}
-
-void WriteUnits(CFile& file, std::u16string_view text) {
-    if constexpr (std::endian::native == std::endian::little) {
-        // Whole in one write while the count fits its 32 bits; the rest of a text beyond all measure follows.
-        constexpr std::size_t kMost = std::numeric_limits<std::uint32_t>::max() / sizeof(char16_t);
-        for (; !text.empty(); text.remove_prefix(std::min(text.size(), kMost))) {
-            const std::size_t units = std::min(text.size(), kMost);
-            file.CFile::Write(text.data(), static_cast<std::uint32_t>(units * sizeof(char16_t)));
-        }
-    } else {
-        for (const char16_t unit : text) {
-            const char bytes[] = {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
-            file.CFile::Write(bytes, sizeof bytes);
-        }
     }
 }
 

@@ -6,8 +6,6 @@
 #include "platform/Format.h"
 #include "records/LogSwitch.h"
 
-class CFile;
-
 /// The diagnostic log: off unless the registry value for this very module switches it on. Its two globals are set at
 /// load and only read after that; without the switch a line costs one test of a number. A line carries its own CR LF.
 namespace orvale {
@@ -31,8 +29,5 @@ void LogFormat(std::u16string_view format, const Arguments&... arguments) noexce
     } catch (...) {  // no memory: the line is dropped
     }
 }
-
-/// Writes the units of a text, little-endian, at the file's position.
-void WriteUnits(CFile& file, std::u16string_view text);
 
 }  // namespace orvale

@@ -20,17 +20,23 @@ inline void Require(bool condition, const char* what = "the operation fails") {
     if (!condition) throw OperationFailure(what);
 }
 
+/// What an operation tells the log by itself: lines that are each a head, " : " and a word. Which it has is its own.
+struct OperationLines {
+    std::u16string_view head;  ///< such as "ORVALE - CQZSFile::Read"
+    unsigned words;            ///< of Operation::Words
+};
+
 /// The guard at the head of an operation of a format class: it gathers what the operation writes, hands it over before
-/// success is told, turns every exception into the failure result, and writes the operation's lines to the log, each of
-/// which is the head (such as "ORVALE - CQZSFile::Read"), " : " and a word. Which lines an operation has is its own.
+/// success is told, turns every exception into the failure result, and writes the operation's lines to the log.
 class Operation {
  public:
-    enum Lines : unsigned { kBegin = 1, kSucceeded = 2, kFailed = 4, kFinish = 8, kAll = 15 };
+    enum Words : unsigned { kBegin = 1, kSucceeded = 2, kFailed = 4, kFinish = 8, kAll = 15 };
 
-    Operation(CFileObject& file, std::u16string_view head, unsigned lines = kAll) noexcept
-        : file_(file), head_(head), lines_(lines), gathering_(file) {
+    Operation(CFileObject& file, const OperationLines& lines) noexcept : file_(file), lines_(lines), gathering_(file) {
         Line(kBegin, u"Begin");
     }
+    Operation(CFileObject& file, std::u16string_view head, unsigned words = kAll) noexcept
+        : Operation(file, OperationLines{head, words}) {}
     ~Operation() { Line(kFinish, u"Finish"); }
     Operation(const Operation&) = delete;
     Operation& operator=(const Operation&) = delete;
@@ -54,10 +60,10 @@ class Operation {
     }
 
     /// A line of this operation beside the usual ones.
-    void Tell(std::u16string_view word) const noexcept { LogFormat(u"%s : %s\r\n", head_, word); }
+    void Tell(std::u16string_view word) const noexcept { LogFormat(u"%s : %s\r\n", lines_.head, word); }
 
     /// From here on the operation writes no line.
-    void Silence() noexcept { lines_ = 0; }
+    void Silence() noexcept { lines_.words = 0; }
 
  private:
     std::int32_t Fail() const noexcept {
@@ -74,13 +80,12 @@ class Operation {
         }
     }
 
-    void Line(Lines line, std::u16string_view word) const noexcept {
-        if ((lines_ & line) != 0) Tell(word);
+    void Line(Words line, std::u16string_view word) const noexcept {
+        if ((lines_.words & line) != 0) Tell(word);
     }
 
     CFileObject& file_;
-    std::u16string_view head_;
-    unsigned lines_;
+    OperationLines lines_;
     CFile::Gathering gathering_;
 };
 

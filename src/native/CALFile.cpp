@@ -1,24 +1,32 @@
 #include "native/CALFile.h"
 
-#include "frame/Operation.h"
 #include "native/RecordLayout.h"
 
 using orvale::Operation;
 using orvale::Require;
 
-// The lines of this class all say "Orvale". It dumps no record: the category is what it tells of one.
-
 namespace {
 
-constexpr orvale::NativeHeaderLayout kHeader{"<QZ-CAL>", 10, 20, 100};
+// All lines say "Orvale". Running out of items is the common end of a file: a Read that fails has no line of its own.
+constexpr orvale::NativeFormat kFormat = {
+    .fileVersion = 101,
+    .header = {.flag = "<QZ-CAL>", .dateOffset = 10, .versionOffset = 20, .version = 100},
+    .open = u"Orvale - CCALFile::Open",
+    .readFileHeader = {u"Orvale - CCALFile::ReadFileHeader", Operation::kBegin | Operation::kFinish},
+    .verify = {u"Orvale - CCALFile::Verify", Operation::kBegin | Operation::kFinish},
+    .read = {u"Orvale - CCALFile::Read", Operation::kBegin | Operation::kSucceeded | Operation::kFinish},
+    .writeFileHeader = {u"Orvale - CCALFile::WriteFileHeader", Operation::kBegin | Operation::kFinish},
+    .write = {u"Orvale - CCALFile::Write", Operation::kAll},
+};
 
+// No record is dumped: this is all that the log tells of one.
 void LogCategory(std::int32_t category) {
     orvale::LogFormat(u"Category = %d\r\n", category);
 }
 
 }  // namespace
 
-CCALFile::CCALFile() : CFileObject(101, u"Orvale - CCALFile::Open"), header_(kHeader) {}
+CCALFile::CCALFile() : NativeFile(kFormat) {}
 
 CCALFile::~CCALFile() {
     CCALFile::Close();
@@ -30,53 +38,33 @@ void CCALFile::Close() {
     CloseStream();
 }
 
-std::int32_t CCALFile::ReadFileHeader() {
-    constexpr std::u16string_view kHead = u"Orvale - CCALFile::ReadFileHeader";
-    return Operation(*this, kHead, Operation::kBegin | Operation::kFinish).Run([&] {
-        Require(IsOpened());
-        header_.Load(*this);
-        header_.Log(*this, kHead);
-    });
-}
-
-std::int32_t CCALFile::Verify() {
-    const Operation operation(*this, u"Orvale - CCALFile::Verify", Operation::kBegin | Operation::kFinish);
-    const VerifyCode code = header_.Judge(IsOpened());
-    if (code != VERIFY_OK) operation.Tell(orvale::VerifyReason(code));
-    return code;
-}
-
-// Running out of items is the common end: a failure has no line of its own.
-std::int32_t CCALFile::Read(void** record) {
-    return Operation(*this, u"Orvale - CCALFile::Read", Operation::kAll & ~Operation::kFailed).Run([&] {
-        Require(IsOpened() && record != nullptr);
-        *record = &item_;
-        item_.Clear();
-        std::int32_t category = 0;
-        orvale::RecordReader reader(*this);
-        orvale::VisitCalendar(reader, item_, category);
-        if (item_.HasCategory()) item_.category = category;
-        LogCategory(category);
-    });
-}
-
+// Unlike the other formats this one logs the header that it writes.
 std::int32_t CCALFile::WriteFileHeader() {
-    constexpr std::u16string_view kHead = u"Orvale - CCALFile::WriteFileHeader";
-    return Operation(*this, kHead, Operation::kBegin | Operation::kFinish).Run([&] {
+    return Operation(*this, kFormat.writeFileHeader).Run([&] {
         Require(IsOpened());
         header_.Fill(*this);
-        header_.Log(*this, kHead);
+        LogHeader(kFormat.writeFileHeader);
         header_.Store(*this);
     });
 }
 
-std::int32_t CCALFile::Write(const void* record) {
-    return Operation(*this, u"Orvale - CCALFile::Write").Run([&] {
-        Require(IsOpened() && record != nullptr);
-        const auto& item = *static_cast<const CCalendarItem*>(record);
-        const std::int32_t category = item.HasCategory() ? item.category : 0;
-        orvale::RecordWriter writer(*this);
-        orvale::VisitCalendar(writer, item, category);
-        LogCategory(category);
-    });
+void* CCALFile::BeginRecord() {
+    item_.Clear();
+    return &item_;
+}
+
+void CCALFile::ReadRecord() {
+    std::int32_t category = 0;
+    orvale::RecordReader reader(*this);
+    orvale::VisitCalendar(reader, item_, category);
+    if (item_.HasCategory()) item_.category = category;
+    LogCategory(category);
+}
+
+void CCALFile::WriteRecord(const void* record) {
+    const auto& item = *static_cast<const CCalendarItem*>(record);
+    const std::int32_t category = item.HasCategory() ? item.category : 0;
+    orvale::RecordWriter writer(*this);
+    orvale::VisitCalendar(writer, item, category);
+    LogCategory(category);
 }

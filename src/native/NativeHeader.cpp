@@ -2,6 +2,9 @@
 
 #include <algorithm>
 
+#include "frame/LittleEndian.h"
+#include "frame/Operation.h"
+
 namespace orvale {
 
 void NativeHeader::Load(CFileObject& file) {
@@ -12,14 +15,17 @@ void NativeHeader::Load(CFileObject& file) {
 }
 
 void NativeHeader::Fill(CFileObject& file) {
-    const auto put = [&](std::size_t offset, std::string_view text) {
-        std::copy(text.begin(), text.end(), bytes_.begin() + static_cast<std::ptrdiff_t>(offset));
+    const auto put = [&](std::size_t offset, std::string_view bytes) {
+        std::copy(bytes.begin(), bytes.end(), bytes_.begin() + static_cast<std::ptrdiff_t>(offset));
+    };
+    const auto putText = [&](std::size_t offset, std::string_view text) {
+        put(offset, text);
         bytes_.at(offset + text.size()) = '\0';
     };
-    put(0, layout_.flag);
-    if (layout_.dateOffset != 0) put(layout_.dateOffset, file.ToNarrow(file.GetDateStamp()));
-    for (std::size_t i = 0; i < 4; ++i)
-        bytes_.at(layout_.versionOffset + i) = static_cast<char>(layout_.version >> 8 * i & 0xFF);
+    putText(0, layout_.flag);
+    if (HasDate()) putText(layout_.dateOffset, file.ToNarrow(file.GetDateStamp()));
+    const auto version = ToLittleEndian(static_cast<std::uint32_t>(layout_.version));
+    put(layout_.versionOffset, {version.data(), version.size()});
 }
 
 void NativeHeader::Store(CFileObject& file) const {
@@ -29,43 +35,18 @@ void NativeHeader::Store(CFileObject& file) const {
 
 VerifyCode NativeHeader::Judge(bool opened) const {
     if (!opened) return VERIFY_NOT_OPENED;
-    if (TextAt(0).empty()) return VERIFY_NOT_READ_HEADER;
+    if (Flag().empty()) return VERIFY_NOT_READ_HEADER;
     return HasRightFlag() ? VERIFY_OK : VERIFY_WRONG_FLAG;
 }
 
-void NativeHeader::Log(CFileObject& file, std::u16string_view head) const {
-    if (!LogEnabled()) return;
-    LogFormat(u"%s : FileFlag[%s]\r\n", head, file.ToWide(TextAt(0)));
-    LogFormat(u"%s : Version[%d]\r\n", head, Version());
-    if (layout_.dateOffset != 0) LogFormat(u"%s : Time[%s]\r\n", head, file.ToWide(TextAt(layout_.dateOffset)));
+std::int32_t NativeHeader::Version() const {
+    return static_cast<std::int32_t>(FromLittleEndian<std::uint32_t>(bytes_.data() + layout_.versionOffset));
 }
 
 std::string_view NativeHeader::TextAt(std::size_t offset) const {
+    constexpr std::size_t kTextWidth = 10;
     const std::string_view field(bytes_.data() + offset, kTextWidth);
     return field.substr(0, field.find('\0'));
-}
-
-std::int32_t NativeHeader::Version() const {
-    std::uint32_t version = 0;
-    for (std::size_t i = 4; i-- > 0;)
-        version = version << 8 | static_cast<unsigned char>(bytes_.at(layout_.versionOffset + i));
-    return static_cast<std::int32_t>(version);
-}
-
-std::u16string_view VerifyReason(VerifyCode code) {
-    switch (code) {
-        case VERIFY_NOT_OPENED:
-            return u"Not opened";
-        case VERIFY_NOT_READ_HEADER:
-            return u"Not read fileheader";
-        case VERIFY_WRONG_FLAG:
-            return u"Wrong file flag";
-        case VERIFY_WRONG_SIZE:
-            return u"Wrong file size";
-        case VERIFY_OK:
-            break;
-    }
-    return u"Succeeded";
 }
 
 }  // namespace orvale

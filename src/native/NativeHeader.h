@@ -1,12 +1,11 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 #include "frame/FileObject.h"
-#include "frame/Operation.h"
 
 namespace orvale {
 
@@ -37,23 +36,18 @@ class NativeHeader {
     /// The code for a file with this header: not opened, header not read, wrong flag, or fine.
     VerifyCode Judge(bool opened) const;
 
-    bool HasRightFlag() const { return TextAt(0) == layout_.flag; }
+    bool HasRightFlag() const { return Flag() == layout_.flag; }
+    bool HasDate() const { return layout_.dateOffset != 0; }
 
-    /// Logs the flag, the version and, where there is one, the date, under a head such as "Orvale -
-    /// CQZSFile::ReadFileHeader".
-    void Log(CFileObject& file, std::u16string_view head) const;
+    std::string_view Flag() const { return TextAt(0); }
+    std::string_view Date() const { return TextAt(layout_.dateOffset); }
+    std::int32_t Version() const;
 
  private:
-    static constexpr std::size_t kTextWidth = 10;
-
     std::string_view TextAt(std::size_t offset) const;
-    std::int32_t Version() const;
 
     const NativeHeaderLayout& layout_;
     std::array<char, 24> bytes_{};  // the longest header; the shorter uses its front
 };
-
-/// The reason that Verify logs for a code other than VERIFY_OK.
-std::u16string_view VerifyReason(VerifyCode code);
 
 }  // namespace orvale

@@ -1,19 +1,26 @@
 #include "native/QZSFile.h"
 
-#include "frame/Operation.h"
 #include "frame/RecordLog.h"
 #include "native/RecordLayout.h"
 
 using orvale::Operation;
-using orvale::Require;
 
 namespace {
 
-constexpr orvale::NativeHeaderLayout kHeader{"<QZ-QZS>", 10, 20, 100};
+constexpr orvale::NativeFormat kFormat = {
+    .fileVersion = 100,
+    .header = {.flag = "<QZ-QZS>", .dateOffset = 10, .versionOffset = 20, .version = 100},
+    .open = u"ORVALE - CQZSFile::Open",
+    .readFileHeader = {u"ORVALE - CQZSFile::ReadFileHeader", Operation::kBegin | Operation::kFinish},
+    .verify = {u"ORVALE - CQZSFile::Verify", Operation::kSucceeded | Operation::kFinish},
+    .read = {u"ORVALE - CQZSFile::Read", Operation::kAll},
+    .writeFileHeader = {u"ORVALE - CQZSFile::WriteFileHeader", Operation::kFinish},
+    .write = {u"ORVALE - CQZSFile::Write", Operation::kAll},
+};
 
 }  // namespace
 
-CQZSFile::CQZSFile() : CFileObject(100, u"ORVALE - CQZSFile::Open"), header_(kHeader) {}
+CQZSFile::CQZSFile() : NativeFile(kFormat) {}
 
 CQZSFile::~CQZSFile() {
     CQZSFile::Close();
@@ -24,47 +31,22 @@ void CQZSFile::Close() {
     CloseStream();
 }
 
-std::int32_t CQZSFile::ReadFileHeader() {
-    return Operation(*this, u"ORVALE - CQZSFile::ReadFileHeader", Operation::kBegin | Operation::kFinish).Run([&] {
-        Require(IsOpened());
-        header_.Load(*this);
-        header_.Log(*this, u"Orvale - CQZSFile::ReadFileHeader");
-    });
+void* CQZSFile::BeginRecord() {
+    stock_.Clear(contact_);
+    return &contact_;
 }
 
-std::int32_t CQZSFile::Verify() {
-    const Operation operation(*this, u"ORVALE - CQZSFile::Verify", Operation::kFinish);
-    const VerifyCode code = header_.Judge(IsOpened());
-    const std::u16string_view module = code == VERIFY_OK ? u"ORVALE" : u"Orvale";
-    orvale::LogFormat(u"%s - CQZSFile::Verify : %s\r\n", module, orvale::VerifyReason(code));
-    return code;
+void CQZSFile::ReadRecord() {
+    orvale::RecordReader reader(*this, &stock_);
+    orvale::VisitContact(reader, contact_, [](std::int32_t storage) {
+        orvale::LogFormat(u"ORVALE - CQZSFile::Read : Location[%d]\r\n", storage);
+    });
+    orvale::LogContact(&contact_);
 }
 
-std::int32_t CQZSFile::Read(void** record) {
-    return Operation(*this, u"ORVALE - CQZSFile::Read").Run([&] {
-        Require(IsOpened() && record != nullptr);
-        *record = &contact_;
-        stock_.Clear(contact_);
-        orvale::RecordReader reader(*this, &stock_);
-        VisitContact(reader, contact_);
-        orvale::LogContact(&contact_);
-    });
-}
-
-std::int32_t CQZSFile::WriteFileHeader() {
-    return Operation(*this, u"ORVALE - CQZSFile::WriteFileHeader", Operation::kFinish).Run([&] {
-        Require(IsOpened());
-        header_.Fill(*this);
-        header_.Store(*this);
-    });
-}
-
-std::int32_t CQZSFile::Write(const void* record) {
-    return Operation(*this, u"ORVALE - CQZSFile::Write").Run([&] {
-        Require(IsOpened() && record != nullptr);
-        const auto& contact = *static_cast<const CContactItem*>(record);
-        orvale::LogContact(&contact);
-        orvale::RecordWriter writer(*this);
-        VisitContact(writer, contact);
-    });
+void CQZSFile::WriteRecord(const void* record) {
+    const auto& contact = *static_cast<const CContactItem*>(record);
+    orvale::LogContact(&contact);
+    orvale::RecordWriter writer(*this);
+    orvale::VisitContact(writer, contact, [](std::int32_t) {});
 }

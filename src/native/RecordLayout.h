@@ -41,12 +41,6 @@ class RecordReader {
     void Date(DateValue& date) { Require(file_.ReadDate(&date) != 0); }
     void String(std::u16string& text) { Require(file_.ReadString(&text) != 0); }
 
-    /// The memory that a contact lies in: the one item that the log names by itself, before the rest is read.
-    void Location(std::int32_t& storage) {
-        Int(storage);
-        LogFormat(u"ORVALE - CQZSFile::Read : Location[%d]\r\n", storage);
-    }
-
     /// Nothing is reserved by the count, which is the file's word; an entry joins the list when it is whole.
     template <class T, class Visit>
     void List(std::vector<std::unique_ptr<T>>& list, NullEntries, Visit visit) {
@@ -104,7 +98,6 @@ class RecordWriter {
     void UInt(const std::int32_t& value) { UInt(static_cast<std::uint32_t>(value)); }
     void Date(const DateValue& date) { file_.WriteDate(&date); }
     void String(const std::u16string& text) { file_.WriteString(&text); }
-    void Location(const std::int32_t& storage) { Int(storage); }
 
     template <class T, class Visit>
     void List(const std::vector<std::unique_ptr<T>>& list, NullEntries nulls, Visit visit) {
@@ -137,10 +130,13 @@ class RecordWriter {
     CFileObject& file_;
 };
 
-/// A contact of the native contact file. Contact is const when the archive writes.
-template <class Archive, class Contact>
-void VisitContact(Archive& archive, Contact& contact) {
-    archive.Location(contact.Storage);
+/// A contact of the native contact file. Contact is const when the archive writes. `storageKnown` is called with the
+/// memory that the contact lies in, before any of its fields is looked at: the log names it where the rest is damaged,
+/// too.
+template <class Archive, class Contact, class StorageKnown>
+void VisitContact(Archive& archive, Contact& contact, StorageKnown&& storageKnown) {
+    archive.Int(contact.Storage);
+    storageKnown(contact.Storage);
     archive.List(contact.fields, NullEntries::kCounted, [&](auto& field) {
         archive.Int(field.Type);
         archive.String(field.Data);

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "frame/Operation.h"
+#include "frame/LittleEndian.h"
 #include "frame/RecordLog.h"
 #include "native/RecordLayout.h"
 
@@ -12,7 +12,17 @@ using orvale::Require;
 
 namespace {
 
-constexpr orvale::NativeHeaderLayout kHeader{"<QZ-SMS>", 0, 10, 101};
+constexpr orvale::NativeFormat kFormat = {
+    .fileVersion = 101,
+    .header = {.flag = "<QZ-SMS>", .dateOffset = 0, .versionOffset = 10, .version = 101},
+    .open = u"ORVALE - CSMSFile::Open",
+    .readFileHeader = {u"Orvale - CSMSFile::ReadFileHeader", Operation::kAll},
+    .verify = {u"ORVALE - CSMSFile::Verify", Operation::kBegin | Operation::kFinish},
+    .read = {u"ORVALE - CSMSFile::Read", Operation::kAll},
+    .writeFileHeader = {u"Orvale - CSMSFile::WriteFileHeader",
+                        Operation::kSucceeded | Operation::kFailed | Operation::kFinish},
+    .write = {u"ORVALE - CSMSFile::Write", Operation::kSucceeded | Operation::kFailed | Operation::kFinish},
+};
 
 // Takes what arrives and asks no primitive whether it came whole: in this format a message that the file cuts short is
 // handed out with what there is of it, and only the end of the file between two messages ends the reading.
@@ -29,7 +39,7 @@ class LenientReader {
 
 }  // namespace
 
-CSMSFile::CSMSFile() : CFileObject(101, u"ORVALE - CSMSFile::Open"), header_(kHeader) {}
+CSMSFile::CSMSFile() : NativeFile(kFormat) {}
 
 CSMSFile::~CSMSFile() {
     CSMSFile::Close();
@@ -44,52 +54,34 @@ void CSMSFile::Close() {
     CloseStream();
 }
 
-// The flag is judged here already, and what was read stays, so that Verify tells a wrong flag from no header. A file
-// that is too short for a header is refused before any of it is read.
+// What was read stays where the flag is wrong, so that Verify tells a wrong flag from no header. A file that is too
+// short for a header is refused before any of it is read.
 std::int32_t CSMSFile::ReadFileHeader() {
-    constexpr std::u16string_view kHead = u"Orvale - CSMSFile::ReadFileHeader";
-    return Operation(*this, kHead).Run([&] {
-        Require(IsOpened() && GetLength() >= kHeader.Size());
+    return Operation(*this, kFormat.readFileHeader).Run([&] {
+        Require(IsOpened() && GetLength() >= kFormat.header.Size());
         header_.Load(*this);
         Require(header_.HasRightFlag());
-        header_.Log(*this, kHead);
+        LogHeader(kFormat.readFileHeader);
     });
 }
 
-std::int32_t CSMSFile::Verify() {
-    const Operation operation(*this, u"ORVALE - CSMSFile::Verify", Operation::kBegin | Operation::kFinish);
-    const VerifyCode code = header_.Judge(IsOpened());
-    if (code != VERIFY_OK) orvale::LogFormat(u"Orvale - CSMSFile::Verify : %s\r\n", orvale::VerifyReason(code));
-    return code;
+void* CSMSFile::BeginRecord() {
+    Require(!AtEnd());
+    sms_.Reset();
+    return &sms_;
 }
 
-std::int32_t CSMSFile::Read(void** record) {
-    return Operation(*this, u"ORVALE - CSMSFile::Read").Run([&] {
-        Require(IsOpened() && !AtEnd() && record != nullptr);
-        *record = &sms_;
-        sms_.Reset();
-        LenientReader reader(*this);
-        orvale::VisitSms(reader, sms_);
-        orvale::LogSms(&sms_);
-    });
+void CSMSFile::ReadRecord() {
+    LenientReader reader(*this);
+    orvale::VisitSms(reader, sms_);
+    orvale::LogSms(&sms_);
 }
 
-std::int32_t CSMSFile::WriteFileHeader() {
-    return Operation(*this, u"Orvale - CSMSFile::WriteFileHeader", Operation::kAll & ~Operation::kBegin).Run([&] {
-        Require(IsOpened());
-        header_.Fill(*this);
-        header_.Store(*this);
-    });
-}
-
-std::int32_t CSMSFile::Write(const void* record) {
-    return Operation(*this, u"ORVALE - CSMSFile::Write", Operation::kAll & ~Operation::kBegin).Run([&] {
-        Require(IsOpened() && record != nullptr);
-        const auto& sms = *static_cast<const CSMSItem*>(record);
-        orvale::LogSms(&sms);
-        orvale::RecordWriter writer(*this);
-        orvale::VisitSms(writer, sms);
-    });
+void CSMSFile::WriteRecord(const void* record) {
+    const auto& sms = *static_cast<const CSMSItem*>(record);
+    orvale::LogSms(&sms);
+    orvale::RecordWriter writer(*this);
+    orvale::VisitSms(writer, sms);
 }
 
 void CSMSFile::SkipText(std::uint32_t bytes) {
@@ -115,12 +107,7 @@ std::int32_t CSMSFile::ReadString(std::u16string* text) {
         std::array<char, static_cast<std::size_t>(kMostStringBytes) + 2> bytes;
         const std::size_t got = CFile::Read(bytes.data(), static_cast<std::uint32_t>(length));
         bytes.at(got) = '\0';  // completes the unit of an odd last byte
-        text->resize((got + 1) / 2);
-        for (std::size_t i = 0; i < text->size(); ++i) {
-            (*text)[i] = static_cast<char16_t>(static_cast<unsigned char>(bytes[2 * i]) |
-                                               static_cast<unsigned char>(bytes[2 * i + 1]) << 8);
-        }
-        text->resize(std::min(text->size(), text->find(u'\0')));
+        orvale::AssignUnits(*text, bytes.data(), (got + 1) / 2);
         return 1;
     } catch (...) {
         text->clear();

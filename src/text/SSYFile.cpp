@@ -1,5 +1,6 @@
 #include "text/SSYFile.h"
 
+#include "frame/LittleEndian.h"
 #include "frame/Operation.h"
 #include "frame/RecordLog.h"
 #include "platform/HashMap.h"
@@ -52,10 +53,7 @@ std::u16string CSSYFile::HeaderText(std::size_t offset, std::size_t width) {
 }
 
 std::int32_t CSSYFile::SizeOfRecords() const {
-    std::uint32_t size = 0;
-    for (std::size_t i = 4; i-- > 0;)
-        size = size << 8 | static_cast<unsigned char>(header_[kSizeOffset + i]);
-    return static_cast<std::int32_t>(size);
+    return static_cast<std::int32_t>(orvale::FromLittleEndian<std::uint32_t>(header_.data() + kSizeOffset));
 }
 
 std::int32_t CSSYFile::Verify() {
