@@ -55,26 +55,16 @@ void CCalendarItem::CopyValues(const CCalendarItem& other) {
 
 CCalendarConfigSet& CCalendarConfigSet::operator=(const CCalendarConfigSet& other) {
     if (this == &other) return *this;
-    Clear();
-    number = other.number;
+    configs.clear();
     for (const auto& config : other.configs)
         if (config) configs.push_back(std::make_unique<CCalendarConfig>(*config));
-    texts = other.texts;
-    numbers = other.numbers;
+    number = other.number;
     firstText = other.firstText;
     secondText = other.secondText;
     thirdText = other.thirdText;
+    texts = other.texts;
+    numbers = other.numbers;
     return *this;
-}
-
-void CCalendarConfigSet::Clear() {
-    number = 0;
-    configs.clear();
-    firstText.clear();
-    secondText.clear();
-    thirdText.clear();
-    texts.clear();
-    numbers.clear();
 }
 
 std::int32_t CCalendarConfigSet::AddConfig(const CCalendarConfig& config) {

@@ -106,7 +106,7 @@ class CCalendarConfigSet {
     CCalendarConfigSet& operator=(const CCalendarConfigSet& other);
 
     /// Sets everything but the version to its value in a new set.
-    void Clear();
+    void Clear() { *this = CCalendarConfigSet(); }
 
     /// Appends a copy. 1, or 0 where there was no memory for it.
     std::int32_t AddConfig(const CCalendarConfig& config);

@@ -36,13 +36,7 @@ std::int32_t CPhonebookDevice::GetTypeByCode(std::u16string_view code) const {
 }
 
 void CPhonebookProfile::Clear() {
-    config = 0;
-    speedDialLabel.clear();
-    speedDialFlag = 0;
-    speedDialMin = 0;
-    speedDialMax = 0;
-    assignablePhoneTypes.clear();
-    unassignableIds.clear();
+    CopyCapabilities(CPhonebookProfile());
     devices.clear();
 }
 
@@ -51,6 +45,12 @@ void CPhonebookProfile::CopyFrom(const CPhonebookProfile& other) {
     Clear();
     handset = other.handset;
     dllname = orvale::DriverName(other.dllname);
+    CopyCapabilities(other);
+    for (const auto& device : other.devices)
+        if (device) devices.push_back(std::make_unique<CPhonebookDevice>(*device));
+}
+
+void CPhonebookProfile::CopyCapabilities(const CPhonebookProfile& other) {
     config = other.config;
     speedDialLabel = other.speedDialLabel;
     speedDialFlag = other.speedDialFlag;
@@ -58,8 +58,6 @@ void CPhonebookProfile::CopyFrom(const CPhonebookProfile& other) {
     speedDialMax = other.speedDialMax;
     assignablePhoneTypes = other.assignablePhoneTypes;
     unassignableIds = other.unassignableIds;
-    for (const auto& device : other.devices)
-        if (device) devices.push_back(std::make_unique<CPhonebookDevice>(*device));
 }
 
 const CPhonebookDevice* CPhonebookProfile::FindDevice(std::int32_t deviceId) const {

@@ -73,4 +73,7 @@ class CPhonebookProfile {
     std::vector<std::unique_ptr<CPhonebookDevice>> devices;  ///< entries may be null
     std::u16string handset;
     std::u16string dllname;  ///< name of the phone's driver module
+
+ private:
+    void CopyCapabilities(const CPhonebookProfile& other);
 };

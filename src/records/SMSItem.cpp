@@ -11,13 +11,7 @@ CSMSItem::CSMSItem() {
 }
 
 void CSMSProfile::Reset() {
-    config = 0;
-    MaxRecipientNum = 0;
-    MaxPageNum = 0;
-    MaxSSMPageEng = 0;
-    MaxSSMPageDBC = 0;
-    MaxLSMPageEng = 0;
-    MaxLSMPageDBC = 0;
+    CopyNumbers(CSMSProfile());
     boxes.clear();
 }
 
@@ -26,6 +20,14 @@ void CSMSProfile::CopyFrom(const CSMSProfile& other) {
     Reset();
     handset = other.handset;
     dllname = orvale::DriverName(other.dllname);
+    CopyNumbers(other);
+    storageIds = other.storageIds;
+    storageNames = other.storageNames;
+    for (const auto& box : other.boxes)
+        if (box) boxes.push_back(std::make_unique<CSMSBoxItem>(*box));
+}
+
+void CSMSProfile::CopyNumbers(const CSMSProfile& other) {
     config = other.config;
     MaxRecipientNum = other.MaxRecipientNum;
     MaxPageNum = other.MaxPageNum;
@@ -33,8 +35,4 @@ void CSMSProfile::CopyFrom(const CSMSProfile& other) {
     MaxSSMPageDBC = other.MaxSSMPageDBC;
     MaxLSMPageEng = other.MaxLSMPageEng;
     MaxLSMPageDBC = other.MaxLSMPageDBC;
-    storageIds = other.storageIds;
-    storageNames = other.storageNames;
-    for (const auto& box : other.boxes)
-        if (box) boxes.push_back(std::make_unique<CSMSBoxItem>(*box));
 }

@@ -75,4 +75,7 @@ class CSMSProfile {
     std::vector<std::unique_ptr<CSMSBoxItem>> boxes;  ///< entries may be null
     std::u16string handset;
     std::u16string dllname;  ///< name of the phone's driver module
+
+ private:
+    void CopyNumbers(const CSMSProfile& other);
 };

@@ -41,4 +41,10 @@ inline constexpr VCalendarPropertyRow kVCalendarProperties[] = {
 /// The id of a key, without regard to case, or PROPERTY_UNKNOWN.
 std::int32_t GetVCalendarPropertyId(std::u16string_view key);
 
+/// The row of an id, or null.
+const VCalendarPropertyRow* FindVCalendarProperty(std::int32_t id);
+
+/// Whether an id is the type of a field that has a key.
+bool IsVCalendarField(std::int32_t id);
+
 }  // namespace orvale

@@ -126,9 +126,7 @@ void CCSVFile::ParseLine(std::u16string_view line) {
 // ---- writing
 
 void CCSVFile::WriteString(const std::u16string* text) {
-    if (text == nullptr || text->empty()) return;
-    const std::string bytes = ToNarrow(*text);
-    CFile::Write(bytes.data(), static_cast<std::uint32_t>(bytes.size()));
+    if (text != nullptr && !text->empty()) WriteNarrow(*text);
 }
 
 std::int32_t CCSVFile::Write(const void* record) {

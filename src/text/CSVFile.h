@@ -23,7 +23,6 @@ class CCSVFile : public CFileObject {
     CCSVFile();
     ~CCSVFile() override;
 
-    using CFileObject::Open;
     using CFileObject::Read;
     using CFileObject::Write;
     void Close() override;

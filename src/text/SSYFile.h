@@ -23,7 +23,6 @@ class CSSYFile : public CFileObject {
     CSSYFile();
     ~CSSYFile() override;
 
-    using CFileObject::Open;
     using CFileObject::Read;
     using CFileObject::Write;
     void Close() override;

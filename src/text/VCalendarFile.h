@@ -21,7 +21,6 @@ class CVCalendarFile : public CFileObject {
     CVCalendarFile();
     ~CVCalendarFile() override;
 
-    using CFileObject::Open;
     using CFileObject::Read;
     using CFileObject::Write;
     void Close() override;
@@ -35,16 +34,14 @@ class CVCalendarFile : public CFileObject {
 
  private:
     // Reading: from the file to the text behind its head, to its properties, to the item.
-    std::int32_t ReadCalendarText(std::u16string& text);
-    void ParseCalendarText(std::u16string_view text, VCalPropertyList& list);
-    std::int32_t ParseCalendarLine(std::u16string_view line, VCalPropertyList& list);
-    static std::int32_t GetPropertyId(std::u16string_view key);
-    void BuildCalendarItem(CCalendarItem& item, const VCalPropertyList& list);
+    std::u16string ReadCalendarText();
+    VCalPropertyList ParseCalendarText(std::u16string_view text);
+    bool ParseCalendarLine(std::u16string_view line, VCalPropertyList& list);
+    void BuildCalendarItem(const VCalPropertyList& list);
 
-    // Writing: the same three stages backwards.
-    std::int32_t MapCalendarItem(const CCalendarItem* item, VCalPropertyList& list);
-    void ComposeCalendarText(std::u16string& text, const VCalPropertyList& list);
-    void WriteCalendarText(std::u16string_view text);
+    // Writing: the same stages backwards.
+    VCalPropertyList MapCalendarItem(const CCalendarItem& item);
+    std::u16string ComposeCalendarText(const VCalPropertyList& list);
 
     CCalendarItem item_;
 };
