@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "platform/Folder.h"
 #include "platform/Unfinished.h"
 
 namespace orvale {
@@ -34,7 +35,7 @@ PendingFolder::PendingFolder(const fs::path& target)
 
 PendingFolder::~PendingFolder() {
     try {
-        if (!path_.empty()) fs::remove_all(path_);
+        if (!path_.empty()) RemoveAll(path_.native());
     } catch (...) {  // what can't be taken away stays, under its name of something unfinished
     }
 }

@@ -1,13 +1,14 @@
 #include "platform/Unfinished.h"
 
-#include <dirent.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <ctime>
-#include <filesystem>
-#include <memory>
+#include <exception>
 #include <random>
+#include <system_error>
+
+#include "platform/Folder.h"
 
 namespace orvale {
 namespace {
@@ -27,6 +28,13 @@ bool IsLeftover(const std::string& path) {
            status.st_uid == geteuid() && status.st_mtime < std::time(nullptr) - kDay;
 }
 
+void RemoveIfLeftover(const std::string& path) {
+    try {
+        if (IsLeftover(path)) RemoveAll(path);
+    } catch (const std::system_error&) {  // it stays, and doesn't keep the others
+    }
+}
+
 }  // namespace
 
 std::string UnfinishedName(std::string_view path) {
@@ -34,20 +42,12 @@ std::string UnfinishedName(std::string_view path) {
     return FolderOf(path).append(kBegin).append(std::to_string(random())).append(kEnd);
 }
 
-// Not by the library's own way through a folder, which ends the process where it finds no memory.
 void RemoveLeftovers(std::string_view path) noexcept {
     try {
         const std::string folder = FolderOf(path);
-        const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.empty() ? "." : folder.c_str()), &closedir);
-        if (entries == nullptr) return;
-        while (const dirent* const entry = readdir(entries.get())) {
-            const std::string_view name = entry->d_name;
-            if (!name.starts_with(kBegin) || !name.ends_with(kEnd)) continue;
-            const std::string leftover = folder + entry->d_name;
-            std::error_code ignored;
-            if (IsLeftover(leftover)) std::filesystem::remove_all(leftover, ignored);
-        }
-    } catch (...) {
+        for (const std::string& name : NamesIn(folder.empty() ? "." : folder))
+            if (name.starts_with(kBegin) && name.ends_with(kEnd)) RemoveIfLeftover(folder + name);
+    } catch (const std::exception&) {  // a folder that can't be looked through, or no memory
     }
 }
 
