@@ -19,6 +19,11 @@ struct LoadedModule {
     decltype(ReleaseObject)* release;
 };
 
+/// A registry file under which a module logs as the switch, in hexadecimal digits, says.
+inline std::string LogRegistry(const std::string& module, const std::string& logSwitch) {
+    return "[HKEY_CURRENT_USER\\SoftWare\\Tarnwick\\LogFiles]\r\n\"" + module + "\"=dword:" + logSwitch + "\r\n";
+}
+
 /// Calls an operation by its slot. The destructor, slot 1, takes two entries of the object's table.
 template <class Result = std::int32_t, class... Arguments>
 Result Call(CFileInterface* object, int slot, Arguments... arguments) {

@@ -22,9 +22,7 @@ class Log : public testing::Test {
     std::string Run(
         const std::optional<std::string>& value, FileType type,
         const std::function<void(CFileInterface&)>& body = [](CFileInterface&) {}) const {
-        std::string registry = "[HKEY_CURRENT_USER\\SoftWare\\Tarnwick\\LogFiles]\r\n";
-        if (value) registry += "\"" + (folder_ / "Orvale.so").string() + "\"=dword:" + *value + "\r\n";
-        folder_.Put("user.reg", registry);
+        folder_.Put("user.reg", value ? LogRegistry(folder_ / "Orvale.so", *value) : "");
         const ChildResult result = InChild([&] {
             setenv("ORVALE_REGISTRY", (folder_ / "user.reg").c_str(), 1);
             const LoadedModule module(folder_ / "Orvale.so");

@@ -75,8 +75,7 @@ TEST(Threads, ObjectsOfTwoThreadsDontMeet) {
     std::filesystem::copy_file(ORVALE_MODULE, folder / "Orvale.so");
     constexpr int kReadBack[kFormats] = {2, 0, 2, 2, 2, 2, 1, 2, 2, 2, 2, 2};
     for (const char* const logs : {"00000000", "00000006"}) {
-        folder.Put("user.reg", "[HKEY_CURRENT_USER\\SoftWare\\Tarnwick\\LogFiles]\r\n\"" +
-                                   (folder / "Orvale.so").string() + "\"=dword:" + logs + "\r\n");
+        folder.Put("user.reg", LogRegistry(folder / "Orvale.so", logs));
         for (FileType first = 0; first < kFormats; ++first) {
             SCOPED_TRACE(std::string(logs) + ", from format " + std::to_string(first));
             const ChildResult child = InChild([&] {

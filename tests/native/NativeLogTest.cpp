@@ -1,28 +1,15 @@
 #include <gtest/gtest.h>
 
-#include "frame/Log.h"
 #include "frame/RecordLog.h"
 #include "native/NativeSamples.h"
 #include "platform/Clock.h"
-#include "support/Child.h"
 #include "support/FileDriver.h"
+#include "support/LogLines.h"
 #include "text/VCalendarFile.h"
 
 using namespace orvale::test;
 
 namespace {
-
-// The lines of what a body does, with the log on and sent to the debugger.
-std::string Logged(const std::function<void()>& body) {
-    const ChildResult result = InChild([&] {
-        const std::u16string_view module = u"none of this name";
-        const std::int32_t isLibrary = 1;
-        orvale::LogInit(&module, &isLibrary, &orvale::kLogToDebugger);
-        body();
-    });
-    EXPECT_EQ(result.exitCode, 0);
-    return result.errors;
-}
 
 // What the log tells of an object without a file, then of one that writes a record, then of one that reads it and meets
 // the end; without the dumps of records, and short: "R" and "v" stand for the two words of the module with the class.

@@ -11,8 +11,8 @@
 
 namespace orvale::test {
 
-/// What a body logs, in short: "@" for `head` and "|" for a line's end. Expectations in the body count.
-inline std::string LogLines(std::string_view head, const std::function<void()>& body) {
+/// What a body logs. Expectations in the body count.
+inline std::string Logged(const std::function<void()>& body) {
     const ChildResult child = InChild([&] {
         const std::u16string_view noModule;
         const std::int32_t isLibrary = 1;
@@ -21,7 +21,12 @@ inline std::string LogLines(std::string_view head, const std::function<void()>& 
         body();
     });
     EXPECT_EQ(child.exitCode, 0);
-    std::string log = child.errors;
+    return child.errors;
+}
+
+/// The same in short: "@" for `head` and "|" for a line's end.
+inline std::string LogLines(std::string_view head, const std::function<void()>& body) {
+    std::string log = Logged(body);
     for (const auto& [from, to] : {std::pair(head, "@"), std::pair(std::string_view("\r\n"), "|")})
         for (std::size_t at; (at = log.find(from)) != std::string::npos;)
             log.replace(at, from.size(), to);
