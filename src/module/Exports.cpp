@@ -2,6 +2,8 @@
 #include "frame/Log.h"
 #include "module/FileTypes.h"
 
+// What the module exports; FileInterface.h says what each function does.
+
 #define ORVALE_EXPORT __attribute__((visibility("default")))
 
 extern "C" {

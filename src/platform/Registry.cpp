@@ -109,6 +109,45 @@ std::optional<std::uint32_t> ParseNumber(std::u16string_view data) {
     return number;
 }
 
+std::u16string ValueLine(std::u16string_view valueName, std::uint32_t number) {
+    std::u16string line = u"\"";
+    line += Replace(Replace(valueName, u"\\", u"\\\\"), u"\"", u"\\\"");
+    line += u"\"=dword:";
+    for (int shift = 28; shift >= 0; shift -= 4)
+        line += u"0123456789abcdef"[number >> shift & 15];
+    return line += u"\r\n";
+}
+
+void EndLine(std::u16string& line) {
+    if (!line.ends_with(u'\n')) line += u"\r\n";
+}
+
+// Puts the line of a value in the place of the one that is there; else behind the last line of its key; else, with the
+// key, at the end.
+void PutValueLine(std::vector<std::u16string>& lines, std::u16string_view key, std::u16string_view valueName,
+                  const std::u16string& valueLine) {
+    std::optional<std::size_t> endOfKey;
+    bool inKey = false;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        if (IsKeyLine(lines[i])) inKey = IsLineOfKey(lines[i], key);
+        if (!inKey) continue;
+        if (DataOfValue(lines[i], valueName)) {
+            lines[i] = valueLine;
+            return;
+        }
+        if (!Content(lines[i]).empty()) endOfKey = i + 1;
+    }
+    if (!endOfKey) {
+        if (lines.empty()) lines.emplace_back(u"Windows Registry Editor Version 5.00\r\n");
+        EndLine(lines.back());
+        lines.emplace_back(u"\r\n");
+        lines.push_back(u"[" + std::u16string(key) + u"]\r\n");
+        endOfKey = lines.size();
+    }
+    EndLine(lines[*endOfKey - 1]);
+    lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(*endOfKey), valueLine);
+}
+
 std::string Environment(const char* name) {
     const char* const value = std::getenv(name);
     return value != nullptr ? value : "";
@@ -145,34 +184,7 @@ void WriteRegistryNumber(std::u16string_view key, std::u16string_view valueName,
     // Another encoding's lines could not be put back as they were.
     if (ToUtf8(text) != bytes) throw std::system_error(std::make_error_code(std::errc::illegal_byte_sequence), path);
     std::vector<std::u16string> lines = LinesOf(text);
-    std::u16string line = u"\"";
-    line += Replace(Replace(valueName, u"\\", u"\\\\"), u"\"", u"\\\"");
-    line += u"\"=dword:";
-    for (int shift = 28; shift >= 0; shift -= 4)
-        line += u"0123456789abcdef"[number >> shift & 15];
-    line += u"\r\n";
-
-    std::size_t place = lines.size();
-    bool inKey = false;
-    bool replaced = false;
-    for (std::size_t i = 0; i < lines.size() && !replaced; ++i) {
-        if (IsKeyLine(lines[i])) inKey = IsLineOfKey(lines[i], key);
-        if (!inKey) continue;
-        if (!Content(lines[i]).empty()) place = i + 1;
-        replaced = DataOfValue(lines[i], valueName).has_value();
-        if (replaced) lines[i] = line;
-    }
-    if (!replaced) {
-        if (place == lines.size() && !inKey) {
-            if (lines.empty()) lines.emplace_back(u"Windows Registry Editor Version 5.00\r\n");
-            if (!lines.back().ends_with(u'\n')) lines.back() += u"\r\n";
-            lines.emplace_back(u"\r\n");
-            lines.push_back(u"[" + std::u16string(key) + u"]\r\n");
-            place = lines.size();
-        }
-        if (place > 0 && !lines[place - 1].ends_with(u'\n')) lines[place - 1] += u"\r\n";
-        lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(place), line);
-    }
+    PutValueLine(lines, key, valueName, ValueLine(valueName, number));
 
     if (path.has_parent_path()) std::filesystem::create_directories(path.parent_path());
     AtomicFile file(path.native());

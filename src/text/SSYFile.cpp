@@ -43,7 +43,7 @@ std::int32_t CSSYFile::ReadFileHeader() {
                               HeaderText(kVersionOffset, kVersionWidth));
             orvale::LogFormat(u"Orvale - CSSYFile::ReadFileHeader : Time[%s]\r\n", HeaderText(kDateOffset, kDateWidth));
         }
-        operation.Tell(u"Finish");
+        operation.Tell(u"Finish");  // not for a closed file
         Require(got == kHeaderSize, "the file is shorter than its header");
     });
 }
