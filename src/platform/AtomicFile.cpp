@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <system_error>
 
+#include "platform/Folder.h"
 #include "platform/Unfinished.h"
 
 namespace orvale {
@@ -27,12 +28,6 @@ void Check(bool good, const char* what) {
     if (!good) Throw(errno, what);
 }
 
-// A name in the folder of a path.
-std::string Beside(std::string_view path, std::string_view name) {
-    const std::size_t slash = path.rfind('/');
-    return std::string(path.substr(0, slash == std::string_view::npos ? 0 : slash + 1)).append(name);
-}
-
 // The file at the end of a chain of links, which need not be there.
 std::string FollowLinks(std::string path) {
     std::array<char, PATH_MAX> buffer;
@@ -40,7 +35,7 @@ std::string FollowLinks(std::string path) {
         const ssize_t size = readlink(path.c_str(), buffer.data(), buffer.size());
         if (size < 0) return path;
         const std::string_view link(buffer.data(), static_cast<std::size_t>(size));
-        path = link.starts_with('/') ? std::string(link) : Beside(path, link);
+        path = link.starts_with('/') ? std::string(link) : FolderOf(path).append(link);
     }
     Throw(ELOOP, "follow links");
 }
@@ -145,7 +140,7 @@ void AtomicFile::Commit(Existing existing) {
     if (descriptor_ < 0) Throw(EBADF, "commit");
     HandOver();
     if (!temporary_.empty()) {
-        const std::string folder = Beside(target_, ".");  // behind the rename nothing may fail any more
+        const std::string folder = FolderOf(target_) + ".";  // behind the rename nothing may fail any more
         SyncFile(temporary_);
         const char* const from = temporary_.c_str();
         const char* const to = target_.c_str();

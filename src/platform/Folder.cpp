@@ -17,6 +17,11 @@ namespace {
 
 }  // namespace
 
+std::string FolderOf(std::string_view path) {
+    const std::size_t slash = path.rfind('/');
+    return std::string(path.substr(0, slash == std::string_view::npos ? 0 : slash + 1));
+}
+
 std::vector<std::string> NamesIn(const std::string& folder) {
     const std::unique_ptr<DIR, int (*)(DIR*)> open(opendir(folder.c_str()), &closedir);
     if (open == nullptr) Throw(folder);
@@ -43,7 +48,7 @@ void RemoveAll(const std::string& path) {
         const std::vector<std::string> names = NamesIn(last);
         if (names.empty()) Throw(last);
         for (const std::string& name : names)
-            left.push_back(last + "/" + name);
+            left.push_back(std::string(last).append("/").append(name));
     }
 }
 

@@ -17,11 +17,6 @@ constexpr std::string_view kBegin = ".orvale-";
 constexpr std::string_view kEnd = ".tmp";
 constexpr std::time_t kDay = 24 * 60 * 60;
 
-std::string FolderOf(std::string_view path) {
-    const std::size_t slash = path.rfind('/');
-    return slash == std::string_view::npos ? "" : std::string(path.substr(0, slash + 1));
-}
-
 bool IsLeftover(const std::string& path) {
     struct stat status {};
     return lstat(path.c_str(), &status) == 0 && (S_ISREG(status.st_mode) || S_ISDIR(status.st_mode)) &&
