@@ -22,6 +22,14 @@ bool HasAny(std::u16string_view text, Test test) {
     return found != 0;
 }
 
+bool HasPair(std::u16string_view text) {
+    while (!text.empty()) {
+        TakeToken(text, u"=");
+        if (text.starts_with(u'=')) return true;
+    }
+    return false;
+}
+
 }  // namespace
 
 int HexDigitValue(char digit) {
@@ -58,16 +66,18 @@ bool NeedsDecoding(std::u16string_view text, const TextConverter& converter) {
 }
 
 std::string QuotedPrintableBytes(std::u16string_view text, TextConverter& converter) {
-    const std::string bytes = converter.ToNarrow(Replace(text, u"==", u"="));
-    std::string out;
-    out.reserve(bytes.size());
-    for (std::size_t i = 0;;) {
-        const std::size_t code = std::min(bytes.find('=', i), bytes.size());
-        out.append(bytes, i, code - i);
-        if (code + 2 >= bytes.size()) return out.append(bytes, code);  // no code without both its digits
-        out.push_back(static_cast<char>(HexDigitValue(bytes[code + 1]) * 16 + HexDigitValue(bytes[code + 2])));
-        i = code + 3;
+    // What is decoded takes the place of what it was decoded from.
+    std::string bytes = HasPair(text) ? converter.ToNarrow(Replace(text, u"==", u"=")) : converter.ToNarrow(text);
+    auto code = std::find(bytes.begin(), bytes.end(), '=');
+    auto to = code;
+    while (bytes.end() - code > 2) {  // there is no code without both its digits
+        *to++ = static_cast<char>(HexDigitValue(code[1]) * 16 + HexDigitValue(code[2]));
+        const auto next = std::find(code + 3, bytes.end(), '=');
+        to = std::copy(code + 3, next, to);
+        code = next;
     }
+    bytes.erase(to, code);
+    return bytes;
 }
 
 std::u16string DecodeQuotedPrintable(std::u16string_view text, TextConverter& converter) {
