@@ -173,13 +173,22 @@ std::u16string TextConverter::ToWide(std::string_view bytes) {
 }
 
 void TextConverter::AssignWide(std::string_view bytes, std::u16string& out) {
+    out.resize(PutWide(bytes, out, 0));
+}
+
+std::size_t TextConverter::PutWide(std::string_view bytes, std::u16string& out, std::size_t place) {
+    if (out.size() < place + bytes.size()) out.resize(place + bytes.size());
+    return WidenAscii(bytes, out.data() + place) ? place + bytes.size() : PutWideBeyondAscii(bytes, out, place);
+}
+
+std::size_t TextConverter::PutWideBeyondAscii(std::string_view bytes, std::u16string& out, std::size_t place) {
     bytes = bytes.substr(0, bytes.find('\0'));
-    if (page_.HoldsAll()) return AssignFromUtf8(out, bytes, &replaced_);
+    if (page_.HoldsAll()) return place + WidenUtf8(bytes, out.data() + place, &replaced_);
     std::size_t ascii = AsciiPrefix(bytes);
     if (ascii != 0 && ascii < bytes.size()) --ascii;  // the letter under what may be an accent that joins it
-    AssignFromUtf8(out, bytes.substr(0, ascii));
+    out.resize(place + ascii);
     bytes.remove_prefix(ascii);
-    if (bytes.empty()) return;
+    if (bytes.empty()) return out.size();
 
     void* const handle = wide_.Handle(kWideName, page_.iconvName);
     auto* from = const_cast<char*>(bytes.data());
@@ -204,6 +213,7 @@ void TextConverter::AssignWide(std::string_view bytes, std::u16string& out) {
         out.push_back(u'\xFFFD');
         ++replaced_;
     }
+    return out.size();
 }
 
 std::string ToNarrow(std::u16string_view text) {

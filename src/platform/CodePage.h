@@ -50,6 +50,10 @@ class TextConverter {
     /// ToWide, in place of what `out` holds: for many texts in turn, which then cost no memory each.
     void AssignWide(std::string_view bytes, std::u16string& out);
 
+    /// ToWide, into `out` from a place on: for many texts one behind the other. Gives the place behind it; what `out`
+    /// holds from there on is no text, but room for the next one.
+    std::size_t PutWide(std::string_view bytes, std::u16string& out, std::size_t place);
+
     /// How many "?" and U+FFFD were put in so far.
     std::size_t Replaced() const { return replaced_; }
 
@@ -62,6 +66,8 @@ class TextConverter {
      private:
         void* handle_ = nullptr;
     };
+
+    std::size_t PutWideBeyondAscii(std::string_view bytes, std::u16string& out, std::size_t place);
 
     const CodePage& page_;
     Direction narrow_;

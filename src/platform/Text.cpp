@@ -38,27 +38,6 @@ bool CopyAscii(const From* __restrict from, std::size_t size, To* __restrict to)
     return all < 0x80;
 }
 
-// The same from bytes to units for the short texts of which most lines consist: eight at a time, the last eight
-// overlapping those before them.
-bool WidenAscii(std::string_view bytes, char16_t* to) {
-    using Bytes [[gnu::vector_size(8)]] = unsigned char;
-    using Units [[gnu::vector_size(16)]] = std::uint16_t;
-    if (bytes.size() < sizeof(Bytes)) return CopyAscii(bytes.data(), bytes.size(), to);
-    std::uint64_t all = 0;
-    const auto widenAt = [&](std::size_t place) {
-        Bytes eight;
-        std::memcpy(&eight, bytes.data() + place, sizeof eight);
-        all |= std::bit_cast<std::uint64_t>(eight);
-        const Units units = __builtin_convertvector(eight, Units);
-        std::memcpy(to + place, &units, sizeof units);
-    };
-    const std::size_t last = bytes.size() - sizeof(Bytes);
-    for (std::size_t place = 0; place < last; place += sizeof(Bytes))
-        widenAt(place);
-    widenAt(last);
-    return (all & 0x8080808080808080) == 0;
-}
-
 char* PutUtf8(char* out, char32_t code) {
     if (code < 0x80) {
         *out++ = static_cast<char>(code);
@@ -85,6 +64,7 @@ char16_t ToLowerBeyondAscii(char16_t unit) {
 }
 
 bool SameUnitsNoCase(std::u16string_view a, std::u16string_view b) {
+    if (a.empty() || SameUnits(a, b)) return true;  // as most that are asked for
     return std::equal(a.begin(), a.end(), b.begin(),
                       [](char16_t x, char16_t y) { return x == y || ToLower(x) == ToLower(y); });
 }
@@ -144,13 +124,18 @@ std::u16string FromUtf8(std::string_view bytes, std::size_t* replaced) {
 }
 
 void AssignFromUtf8(std::u16string& out, std::string_view bytes, std::size_t* replaced) {
-    out.resize(bytes.size());                   // no byte becomes more than one unit
-    if (WidenAscii(bytes, out.data())) return;  // as most texts are
-    char16_t* to = out.data();
+    out.resize(bytes.size());  // no byte becomes more than one unit
+    out.resize(WidenUtf8(bytes, out.data(), replaced));
+}
+
+std::size_t WidenUtf8(std::string_view bytes, char16_t* to, std::size_t* replaced) {
+    if (WidenAscii(bytes, to)) return bytes.size();
+    const std::size_t ascii = AsciiPrefix(bytes);  // it stands already
+    char16_t* next = to + ascii;
     const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
-    for (std::size_t i = 0; i < bytes.size();) {
+    for (std::size_t i = ascii; i < bytes.size();) {
         for (; i < bytes.size() && byteAt(i) < 0x80; ++i)
-            *to++ = byteAt(i);
+            *next++ = byteAt(i);
         if (i == bytes.size()) break;
         const unsigned char lead = byteAt(i);
         const std::size_t length = lead < 0xC2 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 0;
@@ -163,20 +148,50 @@ void AssignFromUtf8(std::u16string& out, std::string_view bytes, std::size_t* re
         constexpr char32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
         good = good && code >= kSmallest[length] && code <= 0x10FFFF && !(code >= 0xD800 && code < 0xE000);
         if (!good) {
-            *to++ = kReplacement;
+            *next++ = kReplacement;
             if (replaced != nullptr) ++*replaced;
             ++i;
             continue;
         }
         if (code >= 0x10000) {
-            *to++ = static_cast<char16_t>(0xD800 + ((code - 0x10000) >> 10));
-            *to++ = static_cast<char16_t>(0xDC00 + ((code - 0x10000) & 0x3FF));
+            *next++ = static_cast<char16_t>(0xD800 + ((code - 0x10000) >> 10));
+            *next++ = static_cast<char16_t>(0xDC00 + ((code - 0x10000) & 0x3FF));
         } else {
-            *to++ = static_cast<char16_t>(code);
+            *next++ = static_cast<char16_t>(code);
         }
         i += length;
     }
-    out.resize(static_cast<std::size_t>(to - out.data()));
+    return static_cast<std::size_t>(next - to);
+}
+
+// Eight bytes at a time, the last eight overlapping those before them. A byte that is zero or beyond ASCII sets the top
+// bit of itself less one, or of itself; what a zero borrows from its neighbours changes nothing of that.
+bool WidenAscii(std::string_view bytes, char16_t* to) {
+    using Bytes [[gnu::vector_size(8)]] = unsigned char;
+    using Units [[gnu::vector_size(16)]] = std::uint16_t;
+    constexpr std::uint64_t kOnes = 0x0101010101010101;
+    std::uint64_t marks = 0;
+    if (bytes.size() < sizeof(Bytes)) {
+        for (const char byte : bytes) {
+            const auto unit = static_cast<unsigned char>(byte);
+            *to++ = unit;
+            marks |= (unit - std::uint64_t{1}) | unit;
+        }
+        return marks < 0x80;
+    }
+    const auto widenAt = [&](std::size_t place) {
+        Bytes eight;
+        std::memcpy(&eight, bytes.data() + place, sizeof eight);
+        const auto number = std::bit_cast<std::uint64_t>(eight);
+        marks |= (number - kOnes) | number;
+        const Units units = __builtin_convertvector(eight, Units);
+        std::memcpy(to + place, &units, sizeof units);
+    };
+    const std::size_t last = bytes.size() - sizeof(Bytes);
+    for (std::size_t place = 0; place < last; place += sizeof(Bytes))
+        widenAt(place);
+    widenAt(last);
+    return (marks & kOnes << 7) == 0;
 }
 
 bool IsWellFormed(std::u16string_view text) {

@@ -20,7 +20,7 @@ inline bool IsSpace(char16_t unit) {
 }
 
 /// The unit in lower case by Unicode's classification, whatever the locale of the process.
-inline char16_t ToLower(char16_t unit) {
+constexpr char16_t ToLower(char16_t unit) {
     if (unit >= 0x80) return ToLowerBeyondAscii(unit);
     return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
 }
@@ -67,6 +67,13 @@ std::u16string FromUtf8(std::string_view bytes, std::size_t* replaced = nullptr)
 
 /// The same, in place of what `out` holds: for many texts in turn, which then cost no memory each.
 void AssignFromUtf8(std::u16string& out, std::string_view bytes, std::size_t* replaced = nullptr);
+
+/// The same, to where there is room for as many units as there are bytes. Gives how many came.
+std::size_t WidenUtf8(std::string_view bytes, char16_t* to, std::size_t* replaced = nullptr);
+
+/// Each byte as one unit, to where there is room for so many. Tells whether that is the bytes' text in any code page:
+/// whether all are ASCII, as most texts are, and none is zero.
+bool WidenAscii(std::string_view bytes, char16_t* to);
 
 /// How many bytes or units at the front of a text are ASCII.
 template <class Unit>
