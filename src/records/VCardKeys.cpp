@@ -1,7 +1,7 @@
 #include "records/VCardKeys.h"
 
 #include <array>
-#include <vector>
+#include <iterator>
 
 #include "platform/Text.h"
 #include "records/ContactFieldTypes.h"
@@ -64,29 +64,41 @@ constexpr VCardPropertyRow kVCardProperties[] = {
     {u"TITLE", CF_TITLE},
 };
 
-// The rows by the length of their keys, in the table's order: every line of a card asks for one, and most keys of one
-// length part at their fifth unit.
-using RowsByLength = std::array<std::vector<VCardPropertyRow>, 40>;
+constexpr std::size_t kRows = std::size(kVCardProperties);
+constexpr std::size_t kChains = 64;
 
-const RowsByLength& Rows() {
-    static const RowsByLength rows = [] {
-        RowsByLength table;
-        for (const VCardPropertyRow& row : kVCardProperties)
-            table.at(row.key.size()).push_back(row);
-        return table;
-    }();
-    return rows;
+// The rows whose keys have the same hash form a chain, in the table's order: every line of a card asks for one.
+struct KeyIndex {
+    std::array<std::size_t, kChains> first{};  // a row, or kRows
+    std::array<std::size_t, kRows> next{};     // the row behind each
+};
+
+// Of what the keys part at, without regard to case: their length and their fifth unit, which stands behind "TEL;" and
+// "ADR;". The factors are such that few keys of the table meet.
+constexpr std::size_t ChainOf(std::u16string_view key) {
+    const char16_t unit = ToLower(key.size() > 4 ? key[4] : key.front());
+    return (key.size() * 5 + unit * 27U) % kChains;
 }
+
+constexpr KeyIndex MakeIndex() {
+    KeyIndex index;
+    index.first.fill(kRows);
+    for (std::size_t row = kRows; row-- > 0;) {
+        std::size_t& first = index.first[ChainOf(kVCardProperties[row].key)];
+        index.next[row] = first;
+        first = row;
+    }
+    return index;
+}
+
+constexpr KeyIndex kKeyIndex = MakeIndex();
 
 }  // namespace
 
 std::int32_t GetPropertyId(std::u16string_view key) {
-    const RowsByLength& rows = Rows();
-    if (key.size() >= rows.size()) return PROPERTY_UNKNOWN;
-    for (const VCardPropertyRow& row : rows[key.size()])
-        if (SameUnits(row.key, key)) return row.id;  // the usual case, and at the first row that matches in any case
-    for (const VCardPropertyRow& row : rows[key.size()])
-        if (EqualsNoCase(row.key, key)) return row.id;
+    if (key.empty()) return PROPERTY_UNKNOWN;
+    for (std::size_t row = kKeyIndex.first[ChainOf(key)]; row != kRows; row = kKeyIndex.next[row])
+        if (EqualsNoCase(kVCardProperties[row].key, key)) return kVCardProperties[row].id;
     return PROPERTY_UNKNOWN;
 }
 
