@@ -1,8 +1,11 @@
 #pragma once
 
+#include <ctime>
 #include <memory>
+#include <optional>
 #include <vector>
 
+#include "platform/Clock.h"
 #include "records/ContactItem.h"
 
 namespace orvale {
@@ -18,7 +21,7 @@ class FieldStock {
         for (auto& field : contact.fields)
             if (field && stock_.size() < kMost && field->Data.capacity() + field->extraText.capacity() <= kLongest)
                 stock_.push_back(std::move(field));
-        contact.Clear();
+        contact.Clear(PresentDate());
     }
 
     /// A field like a new one.
@@ -31,7 +34,19 @@ class FieldStock {
     }
 
  private:
+    // A contact is cleared with the present date, for which the zone is asked when the second changes.
+    const DateValue& PresentDate() {
+        const std::time_t moment = Now();
+        if (moment != moment_) {
+            moment_ = moment;
+            date_ = DateValue::Now();
+        }
+        return date_;
+    }
+
     std::vector<std::unique_ptr<CContactField>> stock_;
+    std::optional<std::time_t> moment_;
+    DateValue date_;
 };
 
 }  // namespace orvale

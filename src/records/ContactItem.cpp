@@ -61,7 +61,7 @@ CContactItem& CContactItem::operator=(const CContactItem& other) {
     return *this;
 }
 
-void CContactItem::Clear() {
+void CContactItem::Clear(const DateValue& now) {
     reservedFlags = 0;
     Index = -1;
     reservedNumber1 = -1;
@@ -73,8 +73,8 @@ void CContactItem::Clear() {
     reservedNumber3 = 0;
     firstText.clear();
     secondText.clear();
-    firstDate = DateValue::Now();
-    secondDate = firstDate;
+    firstDate = now;
+    secondDate = now;
 }
 
 void CContactItem::FreeBlob() {

@@ -48,11 +48,11 @@ class CContactItem {
     CContactItem(const CContactItem& other) : CContactItem() { *this = other; }
     /// A deep copy of all but the version. A null entry of the list is copied as one.
     CContactItem& operator=(const CContactItem& other);
-    virtual ~CContactItem() { Clear(); }
+    virtual ~CContactItem() { FreeBlob(); }
 
     /// Sets everything but the version to its value in a new contact, and both dates to the present local time. The
     /// blob is freed only where its size is above 0.
-    void Clear();
+    void Clear(const DateValue& now = DateValue::Now());
 
     /// Appends a copy of a field. 1, or 0 where there was no memory for it.
     std::int32_t AddField(const CContactField& field);
