@@ -60,11 +60,6 @@ void CFileObject::CloseStream() noexcept {
     }
 }
 
-orvale::TextConverter& CFileObject::Converter() {
-    if (!converter_) converter_.emplace();
-    return *converter_;
-}
-
 std::int32_t CFileObject::ReadString(std::u16string* text) {
     if (text == nullptr) return 0;
     try {

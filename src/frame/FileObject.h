@@ -47,7 +47,7 @@ class CFileObject : public CFileInterface {
     virtual std::int32_t UtcTextToDate(const std::u16string* text, DateValue* date);  // slot 47
 
     /// Conversion by the code page of the thread, with a converter that the object keeps.
-    orvale::TextConverter& Converter();
+    orvale::TextConverter& Converter() { return converter_ ? *converter_ : converter_.emplace(); }
     /// Set by a step that found no memory, where that would else go unseen: the operation under way, or the next one,
     /// is a failure then (see Operation). In a format that keeps it, so is every one until the next Open: there a
     /// failed Read can't be told from the end of the file, which the operations behind it show.

@@ -110,22 +110,32 @@ std::int32_t CVCardFile::ReadString(std::u16string* text) {
     return 1;
 }
 
+// The text of the next line, trimmed, in the room behind the card's lines.
+bool CVCardFile::ReadLineInto(CardText& card, std::u16string_view& line) {
+    std::string_view bytes;
+    if (orvale::ReadLine(*this, kLongestLine, lineBytes_, bytes) != orvale::LineResult::kLine) return false;
+    const std::size_t end = Converter().PutWide(bytes, card.units, card.length);
+    line = Trim({card.units.data() + card.length, end - card.length});
+    return true;
+}
+
 std::int32_t CVCardFile::ReadCard(CardText& card) try {
-    card.lines.clear();
+    card.length = 0;
     card.starts.clear();
+    std::u16string_view line;
     for (const std::u16string_view head : {kCardBegin, kVersion}) {
         do {
-            if (ReadString(&line_) == 0) return 0;
-        } while (!EqualsNoCase(Trim(line_), head));
+            if (!ReadLineInto(card, line)) return 0;
+        } while (!EqualsNoCase(line, head));
     }
     for (;;) {
-        if (ReadString(&line_) == 0) return 0;
-        const std::u16string_view trimmed = Trim(line_);
-        if (EqualsNoCase(trimmed, kCardEnd)) return 1;
-        const std::size_t colon = orvale::FindUnit(trimmed, u':');
-        if (card.starts.empty() || colon != std::u16string_view::npos)
-            card.starts.push_back({card.lines.size(), colon});
-        card.lines.append(trimmed);
+        if (!ReadLineInto(card, line)) return 0;
+        if (EqualsNoCase(line, kCardEnd)) return 1;
+        const std::size_t colon = orvale::FindUnit(line, u':');
+        if (card.starts.empty() || colon != std::u16string_view::npos) card.starts.push_back({card.length, colon});
+        char16_t* const place = card.units.data() + card.length;
+        if (line.data() != place) std::copy(line.begin(), line.end(), place);  // what was trimmed at its front goes
+        card.length += line.size();
     }
 } catch (const std::exception&) {
     return 0;
@@ -186,8 +196,9 @@ std::int32_t CVCardFile::ParseProperty(std::u16string_view line, std::size_t key
 void CVCardFile::AddValue(std::u16string_view value, std::int32_t type) {
     if (value.empty()) return;
     contact_.fields.push_back(stock_.Take());
-    contact_.fields.back()->Type = type;
-    contact_.fields.back()->Data = value;
+    CContactField& field = *contact_.fields.back();
+    field.Type = type;
+    field.Data.append(value);  // it is empty, and appending costs less than assigning
 }
 
 namespace {
@@ -204,10 +215,10 @@ bool MayNeedDecoding(std::u16string_view text, const orvale::TextConverter& conv
 // Every value is decoded, whatever its key says of an encoding.
 std::int32_t CVCardFile::BuildContact(const CardText& card) try {
     bool named = false;
-    const bool isPlain = !MayNeedDecoding(card.lines, Converter());
+    const bool isPlain = !MayNeedDecoding(card.Lines(), Converter());
     for (const auto& field : contact_.fields) {
         if (!isPlain && MayNeedDecoding(field->Data, Converter()))
-            field->Data = DecodeQuotedPrintable(field->Data.c_str());
+            Converter().AssignWide(orvale::QuotedPrintableBytes(field->Data, Converter()), field->Data);
         named = named || IsNameType(field->Type);
     }
     if (named) return 1;

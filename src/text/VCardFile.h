@@ -41,12 +41,14 @@ class CVCardFile : public CFileObject {
             std::size_t line;      ///< where the line starts
             std::size_t keyUnits;  ///< how many units stand before its first colon, or in all of it
         };
-        std::u16string lines;
+        std::u16string units;    ///< the lines, and room behind them
+        std::size_t length = 0;  ///< of the lines
         std::vector<Start> starts;
 
+        std::u16string_view Lines() const { return std::u16string_view(units).substr(0, length); }
         std::u16string_view Line(std::size_t i) const {
-            const std::size_t end = i + 1 < starts.size() ? starts[i + 1].line : lines.size();
-            return std::u16string_view(lines).substr(starts[i].line, end - starts[i].line);
+            const std::size_t end = i + 1 < starts.size() ? starts[i + 1].line : length;
+            return std::u16string_view(units).substr(starts[i].line, end - starts[i].line);
         }
     };
 
@@ -57,6 +59,7 @@ class CVCardFile : public CFileObject {
     };
 
     // Reading: from the file to a card's logical lines, to values in their file form, to the contact.
+    bool ReadLineInto(CardText& card, std::u16string_view& line);
     std::int32_t ReadCard(CardText& card);
     std::int32_t ParseCard(const CardText& card);
     std::int32_t ParseProperty(std::u16string_view line, std::size_t keyUnits, Counters& counters);
@@ -70,7 +73,6 @@ class CVCardFile : public CFileObject {
 
     CContactItem contact_;
     orvale::FieldStock stock_;
-    CardText card_;  // of the card that is being read; this and the lines below are kept for their memory
-    std::u16string line_;
-    std::string lineBytes_;  // of the line that ReadString read last, where they aren't in the file's buffer
+    CardText card_;          // of the card that is being read; this and the line below are kept for their memory
+    std::string lineBytes_;  // of the line that was read last, where they aren't in the file's buffer
 };
