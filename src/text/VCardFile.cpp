@@ -21,7 +21,8 @@ using orvale::Trim;
 
 namespace {
 
-constexpr std::size_t kLongestLine = 2048;  // bytes, with the line end
+constexpr std::size_t kLongestLine = 2048;       // bytes, with the line end
+constexpr std::size_t kLongestKept = 64 * 1024;  // units of a card, whose memory the next one gets
 constexpr std::u16string_view kLineEnd = u"\r\n";
 constexpr std::u16string_view kCardBegin = u"BEGIN:VCARD";
 constexpr std::u16string_view kVersion = u"VERSION:2.1";
@@ -71,7 +72,7 @@ CVCardFile::~CVCardFile() {
 
 void CVCardFile::Close() {
     contact_.Clear();
-    card_ = {};
+    card_.Release();
     orvale::LogText(u"ORVALE - CVCardFile::Close : Begin/Finish\r\n");
     CloseStream();
 }
@@ -93,6 +94,7 @@ std::int32_t CVCardFile::Read(void** record) {
         *record = &contact_;
         stock_.Clear(contact_);
         gotCard = ReadCard(card_) != 0 && ParseCard(card_) != 0 && BuildContact(card_) != 0;
+        if (card_.units.size() > kLongestKept) card_.Release();
         // Running out of cards is the common end of a file: its only line in the log is Begin.
         if (gotCard)
             orvale::LogContact(&contact_);

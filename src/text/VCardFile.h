@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "frame/FieldStock.h"
 #include "frame/FileObject.h"
@@ -44,6 +46,12 @@ class CVCardFile : public CFileObject {
         std::u16string units;    ///< the lines, and room behind them
         std::size_t length = 0;  ///< of the lines
         std::vector<Start> starts;
+
+        /// Gives its memory back, which an assignment would keep.
+        void Release() {
+            const CardText freed(std::move(*this));
+            length = 0;
+        }
 
         std::u16string_view Lines() const { return std::u16string_view(units).substr(0, length); }
         std::u16string_view Line(std::size_t i) const {
