@@ -208,8 +208,10 @@ void JsonDocumentWriter::Finish() {
 }
 
 void JsonDocumentWriter::Flush() {
+    constexpr std::size_t kMostKept = 1024 * 1024;
     out_.write(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
     buffer_.clear();
+    if (buffer_.capacity() > kMostKept) buffer_.shrink_to_fit();  // else it lies there through the reading back
 }
 
 }  // namespace orvale
