@@ -188,7 +188,7 @@ TEST(HostileFilesTest, NoneTakesMoreThanItsShare) {
 #else
     constexpr bool kMeasures = true;
 #endif
-    constexpr std::size_t kTimes[] = {1, 20, 40};
+    constexpr std::size_t kTimes[] = {1, 20, 36};
     const ScratchFolder folder;
     const std::size_t usual = [&] {
         const auto [name, bytes] = SampleOf(FormatOfName("phonebook-xml"));
