@@ -132,6 +132,11 @@ const Habit kHabits[] = {
     {"SoftBreakBeforeTheNextCard",
      "BEGIN:VCARD\r\nVERSION:2.1\r\nFN:A\r\nNOTE;ENCODING=QUOTED-PRINTABLE:b=\r\n" + Card("FN:C\r\n", "2.1"),
      "5 A\n3002 b\n\n5 C\nlost ends of cards: 1, line 5\n"},
+    {"StraySoftBreaks",
+     Card("NOTE;ENCODING=QUOTED-PRINTABLE:a=\r\nitem1.TEL;CELL:1\r\nROLE;QUOTED-PRINTABLE:c=\r\nUID:x\r\n"
+          "TITLE;ENCODING=QUOTED-PRINTABLE:b=0D=0A=\r\nTEL: 2\r\nNICKNAME;QUOTED-PRINTABLE:see =\r\nUrl: x\r\n",
+          "2.1"),
+     "3002 a\n104 1\n4009 c\n4035 b|TEL: 2\n4005 see Url: x\nlost UID: 1, line 6\n"},
     {"NotesWithBareLineEnds", "text before\r\n" + Card("FN:A\r\nNOTE:one\r\ntwo\r\n\r\nTEL:1\r\n", "2.1"),
      "5 A\n3002 one|two\n108 1\nlost lines outside of cards: 1, line 1\n"},
     {"SeveralAddressesOfAKind",
@@ -292,6 +297,42 @@ TEST_F(VcfTest, WritesWhatTheStandardsSay) {
     EXPECT_THAT(folder.Get("e.vcf"), HasSubstr("VERSION:2.1\r\n"));
 }
 
+// Values that have a form of their own, as a card says them, as a contact has them, and as they are written.
+TEST_F(VcfTest, DaysAndGendersKeepTheirForm) {
+    const struct {
+        const char* line;
+        const char* told;
+        const char* in30;
+        const char* in40;
+    } kCases[] = {
+        {"BDAY:19850412", "4003 19850412", "BDAY:1985-04-12", "BDAY:19850412"},
+        {"BDAY:1985-04-12T00:00:00Z", "4003 19850412", "BDAY:1985-04-12", "BDAY:19850412"},
+        {"BDAY:--0412", "4003 --0412", "X-ORVALE-FIELD;X-ORVALE-ID=4003:--0412", "BDAY:--0412"},
+        {"BDAY:--04-12", "4003 --0412", "X-ORVALE-FIELD;X-ORVALE-ID=4003:--0412", "BDAY:--0412"},
+        {"BDAY:1985-04", "4003 1985-04", "X-ORVALE-FIELD;X-ORVALE-ID=4003:1985-04", "BDAY:1985-04"},
+        {"BDAY:1985", "4003 1985", "X-ORVALE-FIELD;X-ORVALE-ID=4003:1985", "BDAY:1985"},
+        {"BDAY:--04", "4003 --04", "X-ORVALE-FIELD;X-ORVALE-ID=4003:--04", "BDAY:--04"},
+        {"BDAY:---12", "4003 ---12", "X-ORVALE-FIELD;X-ORVALE-ID=4003:---12", "BDAY:---12"},
+        {"BDAY:--1341", "4003 --1341", "X-ORVALE-FIELD;X-ORVALE-ID=4003:--1341",
+         "BDAY;VALUE=text;X-ORVALE-ID=4003:--1341"},
+        {"GENDER:M", "4008 M", "X-GENDER:M", "GENDER:M"},
+        {"GENDER:M;Fellow", "4008 M, Fellow", "X-GENDER:M\\, Fellow", "GENDER:M;Fellow"},
+        {"GENDER:;Fellow", "4008 Fellow", "X-GENDER:Fellow", "GENDER:;Fellow"},
+        {"GENDER:O;a\\, b", "4008 O, a, b", "X-GENDER:O\\, a\\, b", "GENDER:O;a\\, b"},
+        {"GENDER:;M\\, ", "4008 M, ", "X-GENDER:M\\, ", "GENDER:;M\\, "},
+    };
+    for (const auto& each : kCases) {
+        SCOPED_TRACE(each.line);
+        folder.Put("a.vcf", Card(std::string("FN:A\r\n") + each.line + "\r\n", "4.0"));
+        for (const std::string version : {"3.0", "4.0"}) {
+            Run("convert --force --vcard-version " + version + " a.vcf b.vcf");
+            const std::string line = version == "3.0" ? each.in30 : each.in40;
+            EXPECT_THAT(folder.Get("b.vcf"), HasSubstr("\r\n" + line + "\r\n"));
+            EXPECT_EQ(Told(folder, "b.vcf"), std::string("5 A\n") + each.told + "\n") << version;
+        }
+    }
+}
+
 // The module's reader keeps the files whose every line it takes.
 TEST_F(VcfTest, AVCardIsTheModulesWhereItsReaderTakesEveryLine) {
     const std::string plain = Card("N:A;B\r\nTEL;CELL:1\r\ntel;home;voice:2\r\nREV:x\r\n", "2.1") + "\r\n";
@@ -308,6 +349,7 @@ TEST_F(VcfTest, AVCardIsTheModulesWhereItsReaderTakesEveryLine) {
         {plain + Card("FN:A\r\n", "3.0"), "vcf"},
         {Card("TEL;VOICE;CELL:1\r\n", "2.1"), "vcf"},
         {Card("NOTE;ENCODING=QUOTED-PRINTABLE:a=\r\nFN:b\r\n", "2.1"), "vcf"},
+        {"BEGIN:VCARD\r\nVERSION:2.1\r\nNOTE;ENCODING=QUOTED-PRINTABLE:a=\r\n", "vcf"},  // as it was when whole
         {Card("NOTE:a\r\n b\r\n", "2.1"), "vcf"},
         {Card("NOTE:" + std::string(2048, 'a') + "\r\n", "2.1"), "vcf"},
         {Replaced(plain, "\r\n", "\n"), "vcf"},

@@ -60,6 +60,33 @@ bool IsFrontOfProperty(std::string_view text) {
            });
 }
 
+// Whether a line is plainly a property: a name that cards have, in capitals, and what follows one. Text that goes on
+// here looks so by chance alone.
+bool IsPlainlyProperty(std::string_view text) {
+    constexpr std::string_view kOthers[] = {"PHOTO", "LOGO",   "SOUND", "KEY",  "UID",   "TZ",
+                                            "GEO",   "MAILER", "CLASS", "IMPP", "AGENT", "SORT-STRING"};
+    const std::size_t end = text.find_first_of(":;");
+    if (end == std::string_view::npos || text.find(':', end) == std::string_view::npos) return false;
+    std::string_view name = text.substr(0, end);
+    if (const std::size_t dot = name.rfind('.'); dot != std::string_view::npos) name.remove_prefix(dot + 1);
+    if (std::any_of(name.begin(), name.end(), [](char c) { return c >= 'a' && c <= 'z'; })) return false;
+    return name.starts_with("X-") || !VcfRowsOf(name).empty() ||
+           std::find(std::begin(kOthers), std::end(kOthers), name) != std::end(kOthers);
+}
+
+// Whether the soft break at a text's end stands behind a line end of the value: there it is meant.
+bool BreaksBehindLineEnd(std::string_view text) {
+    text = text.substr(0, text.find_last_of('='));
+    return text.ends_with("=0A") || text.ends_with("=0a") || text.ends_with("=0D") || text.ends_with("=0d");
+}
+
+// Whether a line of quoted-printable ends here, although a "=" at its end says that it goes on: some programs leave one
+// behind a value's last line.
+bool IsStraySoftBreak(std::string_view text, std::string_view next) {
+    return VcfSameName(next, "END:VCARD") || VcfSameName(next, "BEGIN:VCARD") ||
+           (IsPlainlyProperty(next) && !BreaksBehindLineEnd(text));
+}
+
 VcfEncoding EncodingOf(std::string_view text) {
     VcfProperty property;
     return ParseVcfProperty(text, property) ? property.encoding : VcfEncoding::kPlain;
@@ -197,7 +224,7 @@ VcfLines::Join VcfLines::JoinOf(const std::string& text, Judged& judged) {
         return *judged.encoding == encoding;
     };
     if (judged.last == '=' && isIn(VcfEncoding::kQuotedPrintable))
-        return VcfSameName(next_, "END:VCARD") || VcfSameName(next_, "BEGIN:VCARD") ? Join::kNone : Join::kSoftBreak;
+        return IsStraySoftBreak(text, next_) ? Join::kNone : Join::kSoftBreak;
     if (next_.empty()) return Join::kNone;
     if (IsBlank(next_.front())) return Join::kFold;
     if (!judged.hasColon || nextHasColon_ || IsFrame(text) || IsFrontOfProperty(next_)) return Join::kNone;

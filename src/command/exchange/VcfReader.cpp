@@ -5,6 +5,7 @@
 #include <charconv>
 
 #include "command/console/CommandError.h"
+#include "command/exchange/VcfValues.h"
 #include "platform/Text.h"
 
 namespace orvale {
@@ -50,34 +51,10 @@ bool BeginsCard(std::string_view value) {
     return VcfSameName(WithoutBlanks(value), "BEGIN:VCARD");
 }
 
-// "1965-03-14" and midnight of that day as the eight digits of contacts; any other text as it is.
-std::u16string DayOf(std::u16string text) {
-    constexpr std::u16string_view kDay = u"0000-00-00";
-    if (text.size() < kDay.size()) return text;
-    for (std::size_t i = 0; i < kDay.size(); ++i)
-        if (kDay[i] == u'-' ? text[i] != u'-' : text[i] < u'0' || text[i] > u'9') return text;
-    std::u16string time = text.substr(kDay.size());
-    if (time.ends_with(u'Z')) time.pop_back();
-    if (!time.empty() && time != u"T00:00:00" && time != u"T000000") return text;
-    return text.substr(0, 4) + text.substr(5, 2) + text.substr(8, 2);
-}
-
-void RemoveScheme(std::u16string& text, std::u16string_view scheme) {
-    if (text.size() > scheme.size() && EqualsNoCase(std::u16string_view(text).substr(0, scheme.size()), scheme))
-        text.erase(0, scheme.size());
-}
-
 std::u16string Join(std::span<const std::u16string> parts, std::u16string_view separator) {
     std::u16string text;
     for (std::size_t i = 0; i < parts.size(); ++i)
         text.append(i == 0 ? u"" : separator).append(parts[i]);
-    return text;
-}
-
-std::u16string JoinFilled(std::span<const std::u16string> parts) {
-    std::u16string text;
-    for (const std::u16string& part : parts)
-        if (!part.empty()) text.append(text.empty() ? u"" : u", ").append(part);
     return text;
 }
 
@@ -236,13 +213,13 @@ void VcfReader::TakeValue(const VcfProperty& property, VcfKind kind, std::size_t
     switch (row.shape) {
         case VcfShape::kPhone:
         case VcfShape::kEmail:
-            if (property.id.empty()) RemoveScheme(text, VcfSchemeOf(row.shape));
+            if (property.id.empty()) RemoveVcfScheme(text, row.shape);
             break;
         case VcfShape::kDate:
-            if (property.id.empty()) text = DayOf(std::move(text));
+            if (property.id.empty()) text = DayFromVcf(std::move(text));
             break;
         case VcfShape::kGender:
-            text = JoinFilled(decoder_.Parts(property, ';', 2));
+            text = GenderFromVcf(decoder_.Parts(property, ';', 2));
             break;
         default:
             break;

@@ -21,7 +21,7 @@ enum class VcfShape {
     kUri,         ///< not escaped but for backslashes and line ends
     kEmail,       ///< a scheme is none of it, unless its id is told
     kPhone,       ///< the same
-    kDate,        ///< a day as eight digits, else, or if its id is told, as it stands
+    kDate,        ///< a day, unless its id is told: then as it stands
     kGender,      ///< letter and text of 4.0
     kParts,       ///< by its parts
     kCategories,  ///< the contact's groups
@@ -31,11 +31,6 @@ enum class VcfShape {
     kStorage,     ///< ours: the contact's memory
     kSilent,      ///< says nothing of the contact
 };
-
-/// What of such a value is none of it where it stands in front; empty for shapes without such.
-constexpr std::u16string_view VcfSchemeOf(VcfShape shape) {
-    return shape == VcfShape::kPhone ? u"tel:" : shape == VcfShape::kEmail ? u"mailto:" : u"";
-}
 
 /// The bits of a line's types.
 namespace vcf {

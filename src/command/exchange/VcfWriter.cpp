@@ -4,6 +4,7 @@
 #include <array>
 #include <map>
 
+#include "command/exchange/VcfValues.h"
 #include "platform/Text.h"
 
 namespace orvale {
@@ -11,43 +12,14 @@ namespace {
 
 constexpr std::size_t kLongestLine = 75;  // octets, without the line end
 
-bool AreDigits(std::u16string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit >= u'0' && unit <= u'9'; });
-}
-
-bool IsDay(std::u16string_view text) {
-    return text.size() == 8 && AreDigits(text);
-}
-
-bool IsDashedDay(std::u16string_view text) {
-    return text.size() == 10 && AreDigits(text.substr(0, 4)) && text[4] == u'-' && AreDigits(text.substr(5, 2)) &&
-           text[7] == u'-' && AreDigits(text.substr(8));
-}
-
-// Characters that a vCard can't have.
+// A byte that a vCard can't have.
 bool IsControl(char c) {
-    return (c >= 0 && c < ' ' && c != '\t') || c == 0x7F;
-}
-
-bool IsLeftOut(char16_t unit) {
-    return unit < 0x80 && unit != u'\r' && unit != u'\n' && IsControl(static_cast<char>(unit));
+    return c >= 0 && IsLeftOutOfVcf(static_cast<char16_t>(c));
 }
 
 // Whether nothing of a text stands in a vCard.
 bool SaysNothing(std::u16string_view text) {
-    return std::all_of(text.begin(), text.end(), IsLeftOut);
-}
-
-// Whether a value begins with what a reader takes for the scheme of an address.
-bool HasScheme(const VcfRow& row, std::u16string_view text) {
-    const std::u16string_view scheme = VcfSchemeOf(row.shape);
-    std::size_t met = 0;
-    for (const char16_t unit : text) {
-        if (IsLeftOut(unit)) continue;
-        if (met == scheme.size()) return met != 0;
-        if (!EqualsNoCase({&unit, 1}, scheme.substr(met++, 1))) return false;
-    }
-    return false;
+    return std::all_of(text.begin(), text.end(), IsLeftOutOfVcf);
 }
 
 bool IsPartOfName(std::int32_t id) {
@@ -177,7 +149,7 @@ void VcfWriter::PutValue(const VcfRow& row, std::size_t place) {
     const std::int32_t id = contact_->fields[place]->Type;
     Begin(row.property);
     AddTypes(row.types);
-    if (ids_.Next(VcfKindOf(row)) != id || HasScheme(row, Data(place))) AddId(id);
+    if (ids_.Next(VcfKindOf(row)) != id || HasVcfScheme(Data(place), row.shape)) AddId(id);
     ids_.Take(id);
     line_ += ':';
     AddText(Data(place), row.shape != VcfShape::kUri);
@@ -185,21 +157,19 @@ void VcfWriter::PutValue(const VcfRow& row, std::size_t place) {
     done_[place] = true;
 }
 
-// A day is written as each version has it; what isn't one is text in 4.0 and has no place in 3.0.
+// What is no day that the version has a form for is text in 4.0 and has no place in 3.0.
 bool VcfWriter::PutDate(std::size_t place) {
     const std::u16string& text = Data(place);
-    if (hasDate_ || (!Is40() && !IsDay(text) && !IsDashedDay(text))) return false;
+    const std::optional<std::u16string> day = DayToVcf(text, version_);
+    if (hasDate_ || (!day && !Is40() && !IsDashedDay(text))) return false;
     hasDate_ = true;
     Begin("BDAY");
-    if (!IsDay(text)) {
+    if (!day) {
         if (Is40()) line_ += ";VALUE=text";
         AddId(CF_BIRTHDAY);
     }
     line_ += ':';
-    if (IsDay(text) && !Is40())
-        AddText(text.substr(0, 4) + u'-' + text.substr(4, 2) + u'-' + text.substr(6));
-    else
-        AddText(text);
+    AddText(day.value_or(text));
     End();
     return true;
 }
@@ -207,10 +177,12 @@ bool VcfWriter::PutDate(std::size_t place) {
 bool VcfWriter::PutGender(const VcfRow& row, std::size_t place) {
     if (hasGender_) return false;
     hasGender_ = true;
-    const std::u16string& text = Data(place);
+    const VcfGender gender = GenderToVcf(Data(place));
     Begin(row.property);
-    line_ += text.size() == 1 && std::u16string_view(u"MFONU").find(text[0]) != std::u16string_view::npos ? ":" : ":;";
-    AddText(text);
+    line_ += ':';
+    AddText(gender.letter);
+    if (!gender.text.empty()) line_ += ';';
+    AddText(gender.text);
     End();
     return true;
 }
