@@ -104,6 +104,18 @@ TEST_F(MboxTest, PartsGiveTheirTextAndTheirNames) {
          {"\"sent\": \"2008-03-17T16:02:11\"", "\"from\": \"Zöe <z@x>\"", "\"to\": \"\\\"Lee, A\\\" <b@c>, d@e\"",
           "\"entryid\": \"x@y\"", "\"importance\": 3", "\"sensitivity\": 3", "\"status\": 1", "\"body\": \"Text\""},
          "orvale: a.eml: lost: lines of a head that a phone has no place for: 2, first in in.mbox, line 1\n"},
+        {"Base64",
+         "Content-Type: text/plain; charset=utf-8\nContent-Transfer-Encoding: base64\n\nw7wKYgo=\n",
+         {"\"body\": \"ü\\r\\nb\""},
+         ""},
+        {"Base64WithLineEndsOfTheNet",
+         "Content-Type: text/plain; charset=utf-8\nContent-Transfer-Encoding: base64\n\nw7wNCmINCg==\n",
+         {"\"body\": \"ü\\r\\nb\""},
+         ""},
+        {"Text",
+         "no line of a head\n\nbut text\n",
+         {"\"body\": \"no line of a head\\r\\n\\r\\nbut text\"", "\"received\": \"2008-03-17T07:02:11\""},
+         "orvale: a.eml: lost: messages without a head, which became texts: 1, first in in.mbox, line 1\n"},
         {"Bytes", "Subject: \xFF\xFE\n\n\xC3\n", {"\"body\": \""}, ""},
         {"NoBoundary", "Content-Type: multipart/mixed\n\n--b\n\ntext\n", {"\"body\": \""}, ""},
         {"NoHead", "\n\n", {"\"body\": \""}, ""},
@@ -130,6 +142,42 @@ TEST_F(MboxTest, PartsGiveTheirTextAndTheirNames) {
     EXPECT_EQ(Run("convert --strict empty.json empty.mbox").exitCode, 0);
     folder.Put("bad.mbox", "Subject: x\n\nno mailbox\n");
     EXPECT_EQ(Run("info --format mbox bad.mbox").errors, "orvale: bad.mbox: doesn't begin with a line 'From '\n");
+}
+
+// A line that begins a message as the writers of mailboxes make it, and text that only looks so, behind an empty line.
+TEST_F(MboxTest, TextThatLooksLikeABeginIsText) {
+    const struct {
+        const char* line;
+        const char* next;
+        const char* received;  // of the message that begins; empty where none does
+    } kCases[] = {
+        {"From zoe@example.com Mon Mar 17 06:02:11 2008", "", "\"2008-03-17T06:02:11\""},
+        {"From zoe at example.com  Mon Mar  3 06:02:11 2008", "x", "\"2008-03-03T06:02:11\""},
+        {"From - Mon Mar 17 06:02:11 2008", "Subject: x", "\"2008-03-17T06:02:11\""},
+        {"From MAILER-DAEMON Mon Mar 17 06:02 2008", "", "\"2008-03-17T06:02:00\""},
+        {"From nobody Mon Mar 17 06:02:11 PST 2008", "", "\"2008-03-17T06:02:11\""},
+        {"From z@x Mon Mar 17 06:02:11 2008 -0830", "", "\"2008-03-17T14:32:11\""},
+        {"From z@x Mon Mar 17 00:02:11 +0100 2008", "", "\"2008-03-16T23:02:11\""},
+        {"From ???@??? Mon, 17 Mar 2008 06:02:11 +0000 (UTC)", "", "\"2008-03-17T06:02:11\""},
+        {"From z@x Thu Jan  1 00:00:00 1970", "", "null"},
+        {"From \"a b\"@x Mon Mar 17 06:02:60 2008 remote from x", "", "\"2008-03-17T06:02:59\""},
+        {"From z", "Subject: x", "null"},
+        {"From z", "X-Mailer: x", "null"},
+        {"From here on it is text", "and so is this", ""},
+        {"From here on: Mon Mar 77 06:02:11 2008", "Note: text", ""},
+        {"From Monday Mar 17 06:02:11 2008 on", "", ""},
+        {"From ", "", ""},
+        {"From:", "Subject: x", ""},
+    };
+    for (const auto& each : kCases) {
+        SCOPED_TRACE(each.line);
+        const std::string text = std::string(each.line) + "\n" + each.next + "\n\nend\n";
+        PutMailbox("Subject: first\n\nbegin\n\n" + text);
+        const std::string shown = Run("show --json in.mbox", "TZ=UTC").output;
+        EXPECT_THAT(shown, HasSubstr("end\""));
+        EXPECT_THAT(shown, HasSubstr("\"received\": " + std::string(each.received)));
+        EXPECT_EQ(shown.find("\"body\": \"begin\"") == std::string::npos, *each.received == '\0');
+    }
 }
 
 // Mailboxes that cost nothing, whatever they say: the message behind is read.

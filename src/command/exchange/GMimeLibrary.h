@@ -39,7 +39,6 @@ namespace orvale {
     X(g_mime_parser_construct_message)            \
     X(g_mime_parser_new_with_stream)              \
     X(g_mime_part_get_content)                    \
-    X(g_mime_part_get_content_encoding)           \
     X(g_mime_part_get_filename)                   \
     X(g_mime_part_get_type)                       \
     X(g_mime_part_set_content_encoding)           \

@@ -9,6 +9,11 @@
 /// How the values of an email are called in the head of a message, for reading and writing.
 namespace orvale::mail {
 
+/// Days and months in dates, whatever the language of the rest.
+inline constexpr const char* kDays[] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
+inline constexpr const char* kMonths[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                          "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+
 /// A text that has a line of its own in every message. Where that doesn't give it back exactly, or there is none, it
 /// has one of ours.
 struct TextRow {
@@ -68,6 +73,7 @@ inline constexpr DateRow kDates[] = {
     {"X-Orvale-Sent", &CEmailItem::sent},
 };
 
+inline constexpr const char* kExactText = "X-Orvale-Text";         ///< "exact": the body as it is, line ends too
 inline constexpr const char* kAttachment = "X-Orvale-Attachment";  ///< the text of one, without its data
 
 }  // namespace orvale::mail

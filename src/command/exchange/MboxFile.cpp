@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstring>
 
 #include "command/console/CommandError.h"
+#include "command/exchange/MboxBegin.h"
 #include "command/exchange/MboxMessage.h"
 #include "command/formats/Kinds.h"
 #include "host/Flatten.h"
@@ -17,71 +17,7 @@ constexpr std::size_t kLongestLine = 1024 * 1024;
 constexpr std::size_t kLargestHead = 256 * 1024;
 constexpr std::size_t kLargestMessage = 16 * 1024 * 1024;
 
-constexpr const char* kDays[] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
-constexpr const char* kMonths[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-
 constexpr std::string_view kBegin = "From ";
-
-// Whether a line has to be told apart from one that begins a message: it gets one ">" more where it is written.
-bool LooksLikeBegin(std::string_view line) {
-    const std::size_t marks = std::min(line.find_first_not_of('>'), line.size());
-    return line.substr(marks).starts_with(kBegin);
-}
-
-// The moment in a line "From zoe@example.com Mon Mar 17 06:02:11 2008", in UTC; 1970 stands for none.
-DateValue ReceivedOf(const std::string& line) {
-    std::size_t start = std::string::npos;
-    for (const char* const day : kDays) {
-        const std::size_t found = line.rfind(std::string(" ") + day + " ");
-        if (found != std::string::npos && (start == std::string::npos || found > start)) start = found;
-    }
-    if (start == std::string::npos) return {};
-    char month[4] = {};
-    int day = 0;
-    int hour = 0;
-    int minute = 0;
-    int second = 0;
-    char rest[32] = {};
-    if (std::sscanf(line.c_str() + start + 5, "%3s %2d %2d:%2d:%2d %31[^\n]", month, &day, &hour, &minute, &second,
-                    rest) != 6)
-        return {};
-    // Some programs put a zone's name before the year.
-    const char* const lastWord = std::strrchr(rest, ' ');
-    int year = 0;
-    if (std::sscanf(lastWord != nullptr ? lastWord + 1 : rest, "%4d", &year) != 1) return {};
-    const auto* const name = std::find_if(std::begin(kMonths), std::end(kMonths),
-                                          [&](const char* each) { return std::strcmp(each, month) == 0; });
-    const CalendarFields utc{year, static_cast<int>(name - std::begin(kMonths)) + 1, day, hour, minute, second};
-    if (name == std::end(kMonths) || !IsValid(utc) || utc == CalendarFields{1970, 1, 1, 0, 0, 0}) return {};
-    const auto local = UtcToLocal(utc);
-    return local && local->year >= 100 ? DateValue::FromFields(*local) : DateValue();
-}
-
-std::string BeginLine(const CEmailItem& email) {
-    const auto received = UtcOf(email.received);
-    const CalendarFields utc = received.value_or(CalendarFields{1970, 1, 1, 0, 0, 0});
-    // The sender's address: one word of what the email says.
-    std::string sender;
-    const std::string from = ToUtf8(email.from);
-    const std::size_t at = from.find('@');
-    const auto isPart = [](char c) {
-        return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
-               (c != '\0' && std::strchr(".-_+", c) != nullptr);
-    };
-    if (at != std::string::npos) {
-        std::size_t first = at;
-        std::size_t end = at + 1;
-        while (first > 0 && isPart(from[first - 1]))
-            --first;
-        while (end < from.size() && isPart(from[end]))
-            ++end;
-        if (first < at && end > at + 1 && end - first < 250) sender = from.substr(first, end - first);
-    }
-    char date[48];
-    std::snprintf(date, sizeof date, "%s %s %2d %02d:%02d:%02d %04d", kDays[DayOfWeek(utc)], kMonths[utc.month - 1],
-                  utc.day, utc.hour, utc.minute, utc.second, utc.year);
-    return "From " + (sender.empty() ? std::string("MAILER-DAEMON") : sender) + " " + date + "\n";
-}
 
 // A mailbox begins with such a line, and a line of a message's head behind it.
 bool ClaimsMbox(const std::filesystem::path&, std::string_view head, const FormatRow* found) {
@@ -117,6 +53,20 @@ MboxSource::MboxSource(const std::filesystem::path& path, const std::string& sho
     }
 }
 
+bool MboxSource::Take(LineInput::Line& line) {
+    if (!std::exchange(hasNext_, false)) return lines_.Next(line);
+    std::swap(line, next_);
+    return true;
+}
+
+// Whether a line behind an empty one begins a message. Not every writer marks the lines of a text that look so.
+bool MboxSource::BeginsMessage(const LineInput::Line& line) {
+    if (!line.text.starts_with(kBegin)) return false;
+    if (IsBegin(line.text)) return true;
+    hasNext_ = lines_.Next(next_);
+    return hasNext_ && IsLineOfHead(next_.text);
+}
+
 void MboxSource::Gather(LineInput::Line& line, std::string& message, bool& inHead, std::size_t& headSize) {
     if (line.cut) notes_.Add("ends of lines of more than a mebibyte", line.number);
     if (LooksLikeBegin(line.text) && line.text.starts_with('>')) line.text.erase(0, 1);
@@ -143,8 +93,8 @@ bool MboxSource::Next(CEmailItem& email) {
     bool isAfterBlank = false;
     std::size_t headSize = 0;
     LineInput::Line line;
-    while (lines_.Next(line)) {
-        if (isAfterBlank && line.text.starts_with(kBegin)) {
+    while (Take(line)) {
+        if (isAfterBlank && BeginsMessage(line)) {
             from_ = line.text;
             fromLine_ = line.number;
             break;
@@ -171,13 +121,23 @@ void MboxSink::Put(const CEmailItem& email) {
     const std::string begin = BeginLine(email);
     const std::string message = WriteMessage(email, ReceivedOf(begin), identifier, replaced_);
     out_ << begin;
-    for (std::string_view rest = message; !rest.empty();) {
-        const std::size_t end = rest.find('\n') + 1;
-        if (LooksLikeBegin(rest.substr(0, end))) out_ << '>';
-        out_ << rest.substr(0, end);
-        rest.remove_prefix(end);
-    }
+    PutQuoted(message);
     out_ << '\n';
+}
+
+// A line that looks as if it began a message gets a mark, and so does one that has marks already.
+void MboxSink::PutQuoted(std::string_view message) {
+    std::size_t from = 0;
+    for (std::size_t place = message.find(kBegin); place != std::string_view::npos;
+         place = message.find(kBegin, place + 1)) {
+        std::size_t start = place;
+        while (start != 0 && message[start - 1] == '>')
+            --start;
+        if (start != 0 && message[start - 1] != '\n') continue;
+        out_ << message.substr(from, start - from) << '>';
+        from = start;
+    }
+    out_ << message.substr(from);
 }
 
 std::vector<Note> MboxSink::Losses() const {

@@ -20,10 +20,14 @@ class MboxSource : public RecordSource {
     std::vector<Note> Notes() const override { return notes_.List(); }
 
  private:
+    bool Take(LineInput::Line& line);
+    bool BeginsMessage(const LineInput::Line& line);
     void Gather(LineInput::Line& line, std::string& message, bool& inHead, std::size_t& headSize);
 
     LineInput lines_;
     NoteTally notes_;
+    LineInput::Line next_;  // that was looked at
+    bool hasNext_ = false;
     std::string from_;  // the line that begins the next message; empty at the end
     std::size_t fromLine_ = 0;
 };
@@ -39,6 +43,8 @@ class MboxSink : public RecordSink {
     std::vector<Note> Losses() const override;
 
  private:
+    void PutQuoted(std::string_view message);
+
     std::ostream& out_;
     std::u16string flat_;
     std::size_t count_ = 0;

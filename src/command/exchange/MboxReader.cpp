@@ -39,11 +39,13 @@ bool IsA(void* object, GType type) {
 std::u16string WithLineEnds(std::u16string_view text) {
     std::u16string lines;
     lines.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == u'\n' && (i == 0 || text[i - 1] != u'\r')) lines += u'\r';
-        lines += text[i];
+    std::size_t from = 0;
+    for (std::size_t feed = text.find(u'\n'); feed != text.npos; feed = text.find(u'\n', from)) {
+        const bool isWhole = feed != 0 && text[feed - 1] == u'\r';
+        lines.append(text.substr(from, feed - from)).append(isWhole ? u"\n" : u"\r\n");
+        from = feed + 1;
     }
-    return lines;
+    return lines.append(text.substr(from));
 }
 
 template <class Number>
@@ -225,10 +227,12 @@ class MessageReader {
     // A text of several parts is one, with an empty line between.
     void AddText(GMimeObject* part, bool isWhole) {
         std::string bytes = Decoded(part);
-        const bool isExact =
-            mime_.g_mime_part_get_content_encoding(reinterpret_cast<GMimePart*>(part)) == GMIME_CONTENT_ENCODING_BASE64;
+        const bool isExact = isWhole && Head(kExactText).has_value();
         // The last line end of a message belongs to the mailbox.
-        if (isWhole && !isExact && bytes.ends_with('\n')) bytes.pop_back();
+        if (isWhole && !isExact && bytes.ends_with('\n')) {
+            bytes.pop_back();
+            if (bytes.ends_with('\r')) bytes.pop_back();
+        }
         std::u16string text = Text(bytes);
         if (!isExact) text = WithLineEnds(text);
         if (std::exchange(hasPlain_, true)) email_.body += u"\r\n\r\n";
@@ -244,6 +248,15 @@ class MessageReader {
     bool hasHtml_ = false;
     std::u16string html_;
 };
+
+// What the library doesn't take for a message, such as text that begins like one, is text.
+void TakeAsText(CEmailItem& email, std::string_view message, std::size_t line, NoteTally& notes) {
+    if (message.ends_with('\n')) message.remove_suffix(1);  // the mailbox's
+    std::size_t replaced = 0;
+    email.body = WithLineEnds(FromUtf8(message, &replaced));
+    notes.Add("bytes that are no UTF-8", line, replaced);
+    notes.Add("messages without a head, which became texts", line, message.empty() ? 0 : 1);
+}
 
 }  // namespace
 
@@ -272,7 +285,7 @@ void ReadMessage(CEmailItem& email, const std::string& message, const DateValue&
     if (parsed)
         MessageReader(email, parsed.get(), line, notes).Read();
     else
-        notes.Add("messages that can't be read", line);
+        TakeAsText(email, message, line, notes);
 }
 
 }  // namespace orvale

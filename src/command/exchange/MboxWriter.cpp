@@ -13,18 +13,14 @@ namespace {
 
 using namespace mail;
 
-constexpr const char* kDayNames[] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
-constexpr const char* kMonthNames[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
-                                       "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-
 // "Mon, 17 Mar 2008 07:02:11 +0100", the time of the process's zone.
 std::string DateText(const CalendarFields& local, const CalendarFields& utc) {
     const double days = DateValue::FromFields(local).Value() - DateValue::FromFields(utc).Value();
     const int minutes = static_cast<int>(days * 24 * 60 + (days < 0 ? -0.5 : 0.5));
     char text[64];
-    std::snprintf(text, sizeof text, "%s, %d %s %04d %02d:%02d:%02d %c%02d%02d", kDayNames[DayOfWeek(local)], local.day,
-                  kMonthNames[local.month - 1], local.year, local.hour, local.minute, local.second,
-                  minutes < 0 ? '-' : '+', std::abs(minutes) / 60, std::abs(minutes) % 60);
+    std::snprintf(text, sizeof text, "%s, %d %s %04d %02d:%02d:%02d %c%02d%02d", kDays[DayOfWeek(local)], local.day,
+                  kMonths[local.month - 1], local.year, local.hour, local.minute, local.second, minutes < 0 ? '-' : '+',
+                  std::abs(minutes) / 60, std::abs(minutes) % 60);
     return text;
 }
 
@@ -145,6 +141,7 @@ std::string WriteMessage(const CEmailItem& email, const DateValue& received, con
     const GMimeOwner<GMimeTextPart> part(mime.g_mime_text_part_new());
     const GMimeContentEncoding encoding = EncodingOf(email.body);
     const bool isExact = encoding == GMIME_CONTENT_ENCODING_BASE64;
+    if (isExact) put(kExactText, "exact");
     mime.g_mime_text_part_set_charset(part.get(), "utf-8");
     const std::string body = ToUtf8(isExact ? email.body : Replace(email.body, u"\r\n", u"\n") + u"\n");
     mime.g_mime_text_part_set_text(part.get(), body.c_str());
