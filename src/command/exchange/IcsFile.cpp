@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "command/console/CommandError.h"
+#include "command/exchange/Claims.h"
 #include "command/exchange/Recurrences.h"
 #include "command/exchange/VCalendarOne.h"
 #include "command/formats/Kinds.h"
@@ -82,18 +83,6 @@ void AddAllZones(CalendarZones& zones, const std::filesystem::path& path, const 
         zones.Add(text);
         text.clear();
     }
-}
-
-// The claim on files that the module's reader of vCalendar doesn't take at all, or not all of.
-bool ClaimsIcs(const std::filesystem::path& path, std::string_view head, const FormatRow* found) {
-    if (head.starts_with("\xEF\xBB\xBF")) head.remove_prefix(3);
-    const std::string start = InCapitals(head.substr(0, 4096));
-    if (!start.starts_with("BEGIN:VCALENDAR")) return false;
-    if (found == nullptr || found->type != FileFormat::kVCalendar) return found == nullptr;
-    const std::size_t version = start.find("\nVERSION:");
-    if (version == std::string::npos || !start.substr(version).starts_with("\nVERSION:1.0")) return true;
-    if (head.find("\r\n") == std::string_view::npos) return true;
-    return !VCalendarReaderTakesAll(path);
 }
 
 }  // namespace

@@ -17,7 +17,6 @@ namespace {
 using mail::kDays;
 using mail::kMonths;
 
-constexpr std::string_view kBegin = "From ";
 constexpr CalendarFields kNoDate{1970, 1, 1, 0, 0, 0};
 
 // By which a line of a head is known behind a line "From " without a date; and the fronts of others.
@@ -149,11 +148,11 @@ std::string AddressIn(const std::string& sender) {
 bool LooksLikeBegin(std::string_view line) {
     if (line.empty() || (line.front() != '>' && line.front() != 'F')) return false;
     const std::size_t marks = std::min(line.find_first_not_of('>'), line.size());
-    return line.substr(marks).starts_with(kBegin);
+    return line.substr(marks).starts_with(kMessageBegin);
 }
 
 bool IsBegin(std::string_view line) {
-    return line.starts_with(kBegin) && MomentOf(line).has_value();
+    return line.starts_with(kMessageBegin) && MomentOf(line).has_value();
 }
 
 bool IsLineOfHead(std::string_view line) {
@@ -180,7 +179,7 @@ std::string BeginLine(const CEmailItem& email) {
     char date[48];
     std::snprintf(date, sizeof date, "%s %s %2d %02d:%02d:%02d %04d", kDays[DayOfWeek(utc)], kMonths[utc.month - 1],
                   utc.day, utc.hour, utc.minute, utc.second, utc.year);
-    return std::string(kBegin) + AddressIn(ToUtf8(email.from)) + " " + date + "\n";
+    return std::string(kMessageBegin) + AddressIn(ToUtf8(email.from)) + " " + date + "\n";
 }
 
 }  // namespace orvale

@@ -10,6 +10,8 @@
 /// it was received, in UTC (RFC 4155).
 namespace orvale {
 
+inline constexpr std::string_view kMessageBegin = "From ";
+
 /// Whether a line begins like one. Such a line of a message gets one ">" more before it where it is written, and loses
 /// one where it is read.
 bool LooksLikeBegin(std::string_view line);

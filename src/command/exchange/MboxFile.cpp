@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "command/console/CommandError.h"
+#include "command/exchange/Claims.h"
 #include "command/exchange/MboxBegin.h"
 #include "command/exchange/MboxMessage.h"
 #include "command/formats/Kinds.h"
@@ -16,18 +17,6 @@ namespace {
 constexpr std::size_t kLongestLine = 1024 * 1024;
 constexpr std::size_t kLargestHead = 256 * 1024;
 constexpr std::size_t kLargestMessage = 16 * 1024 * 1024;
-
-constexpr std::string_view kBegin = "From ";
-
-// A mailbox begins with such a line, and a line of a message's head behind it.
-bool ClaimsMbox(const std::filesystem::path&, std::string_view head, const FormatRow* found) {
-    if (found != nullptr || !head.starts_with(kBegin)) return false;
-    const std::size_t feed = head.find('\n');
-    if (feed == std::string_view::npos || feed > 1000) return false;
-    const std::string_view second = head.substr(feed + 1, head.find('\n', feed + 1) - feed - 1);
-    const std::size_t colon = second.find(':');
-    return colon != std::string_view::npos && colon != 0 && second.find(' ') > colon;
-}
 
 }  // namespace
 
@@ -46,7 +35,7 @@ MboxSource::MboxSource(const std::filesystem::path& path, const std::string& sho
     LineInput::Line line;
     while (lines_.Next(line)) {
         if (line.text.empty()) continue;
-        if (!line.text.starts_with(kBegin)) FailFile(shownName, "", "doesn't begin with a line 'From '");
+        if (!line.text.starts_with(kMessageBegin)) FailFile(shownName, "", "doesn't begin with a line 'From '");
         from_ = line.text;
         fromLine_ = line.number;
         return;
@@ -61,7 +50,7 @@ bool MboxSource::Take(LineInput::Line& line) {
 
 // Whether a line behind an empty one begins a message. Not every writer marks the lines of a text that look so.
 bool MboxSource::BeginsMessage(const LineInput::Line& line) {
-    if (!line.text.starts_with(kBegin)) return false;
+    if (!line.text.starts_with(kMessageBegin)) return false;
     if (IsBegin(line.text)) return true;
     hasNext_ = lines_.Next(next_);
     return hasNext_ && IsLineOfHead(next_.text);
@@ -128,8 +117,8 @@ void MboxSink::Put(const CEmailItem& email) {
 // A line that looks as if it began a message gets a mark, and so does one that has marks already.
 void MboxSink::PutQuoted(std::string_view message) {
     std::size_t from = 0;
-    for (std::size_t place = message.find(kBegin); place != std::string_view::npos;
-         place = message.find(kBegin, place + 1)) {
+    for (std::size_t place = message.find(kMessageBegin); place != std::string_view::npos;
+         place = message.find(kMessageBegin, place + 1)) {
         std::size_t start = place;
         while (start != 0 && message[start - 1] == '>')
             --start;

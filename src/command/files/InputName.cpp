@@ -12,15 +12,14 @@ constexpr const char* kStandardInput = "standard input";
 
 const FormatRow& ReadableFormat(const std::string& name) {
     const FormatRow& format = FormatOfName(name);
-    if (!format.Reads()) FailUsage("the format " + std::string(format.name) + " is only written, never read");
+    if (!format.Reads()) FailUsage(WhyNotRead(format));
     return format;
 }
 
 InputName ResolveFile(const std::string& name, const std::string& formatName) {
     if (!formatName.empty()) return {name, name, &ReadableFormat(formatName), true};
     const FormatRow* const format = DetectFormat(name);
-    if (format != nullptr && !format->Reads())
-        FailFile(name, "", "the format " + std::string(format->name) + " is only written, never read");
+    if (format != nullptr && !format->Reads()) FailFile(name, "", WhyNotRead(*format));
     if (format == nullptr) FailFile(name, "", "not recognised as any format");
     return {name, name, format, false};
 }

@@ -6,6 +6,7 @@
 
 #include "command/console/CommandError.h"
 #include "command/console/EditDistance.h"
+#include "command/exchange/Claims.h"
 #include "command/exchange/VcfFormat.h"
 #if ORVALE_ICAL
 #include "command/exchange/IcsFile.h"
@@ -19,15 +20,40 @@
 namespace orvale {
 namespace {
 
+[[maybe_unused]] constexpr OwnFormat kAbsentIcs{nullptr, nullptr, &ClaimsIcs};
+[[maybe_unused]] constexpr OwnFormat kAbsentMbox{nullptr, nullptr, &ClaimsMbox};
+
 // The command's own formats, in the order in which they are asked whether a file is theirs.
 constexpr FormatRow kOwnFormats[] = {
     {"json", std::nullopt, ".json", std::nullopt, true, EndRule::kNone, ProfileShape::kAny, &kJsonFormat},
     {"vcf", Kind::kContacts, ".vcf", std::nullopt, true, EndRule::kNone, ProfileShape::kNone, &kVcfFormat},
 #if ORVALE_ICAL
     {"ics", Kind::kCalendar, ".ics", std::nullopt, true, EndRule::kNone, ProfileShape::kNone, &kIcsFormat},
+#else
+    {"ics",
+     Kind::kCalendar,
+     ".ics",
+     std::nullopt,
+     false,
+     EndRule::kNone,
+     ProfileShape::kNone,
+     &kAbsentIcs,
+     {},
+     "libical"},
 #endif
 #if ORVALE_GMIME
     {"mbox", Kind::kEmail, ".mbox", std::nullopt, true, EndRule::kNone, ProfileShape::kNone, &kMboxFormat},
+#else
+    {"mbox",
+     Kind::kEmail,
+     ".mbox",
+     std::nullopt,
+     false,
+     EndRule::kNone,
+     ProfileShape::kNone,
+     &kAbsentMbox,
+     {},
+     "GMime"},
 #endif
     {"html", std::nullopt, ".html", std::nullopt, true, EndRule::kNone, ProfileShape::kAny, &kHtmlFormat},
 };
@@ -50,6 +76,12 @@ const FormatRow* RowOf(std::string_view name) {
     return nullptr;
 }
 
+std::string WhyNot(const FormatRow& format, const char* otherwise) {
+    const std::string name = "the format " + std::string(format.name);
+    return format.lacks.empty() ? name + otherwise
+                                : name + " needs " + std::string(format.lacks) + ", which this build goes without";
+}
+
 std::string ExtensionOf(const std::filesystem::path& path) {
     std::string extension = path.extension().string();
     std::transform(extension.begin(), extension.end(), extension.begin(),
@@ -61,6 +93,14 @@ std::string ExtensionOf(const std::filesystem::path& path) {
 
 std::span<const FormatRow> FormatTable() {
     return Table();
+}
+
+std::string WhyNotRead(const FormatRow& format) {
+    return WhyNot(format, " is only written, never read");
+}
+
+std::string WhyNotWritten(const FormatRow& format) {
+    return WhyNot(format, " is only read, never written");
 }
 
 const FormatRow& FormatOfName(std::string_view name) {

@@ -7,6 +7,7 @@
 #include <optional>
 #include <ostream>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "command/formats/Profile.h"
@@ -43,11 +44,16 @@ struct FormatRow {
     ProfileShape profile;            ///< what it takes; a file of columns is read by one as well
     const OwnFormat* own = nullptr;  ///< null for one of the module's
     std::string_view limit = {};     ///< what its reader takes at most and its writer doesn't look at; may be empty
+    std::string_view lacks = {};     ///< the library that it needs and this build goes without; empty if it has all
 
     bool Reads() const { return own == nullptr || own->open != nullptr; }
 
     bool Takes(ProfileShape shape) const { return profile == ProfileShape::kAny || profile == shape; }
 };
+
+/// Why a format isn't read, or isn't written, in words of an error line.
+std::string WhyNotRead(const FormatRow& format);
+std::string WhyNotWritten(const FormatRow& format);
 
 inline bool IsSuite(const FormatRow& format) {
     return format.type && IsSuite(format.profile);

@@ -214,7 +214,12 @@ std::string FormatEntry(const FormatRow& row, const std::filesystem::path& docum
     if (!page.title.empty()) text += Prose(page.title) + ".\n";
     text += "Kind: " + (row.kind ? std::string(KindWord(*row.kind)) : "all") + ".\n";
     text += "Extension: " + Bold(row.extension) + ".\n";
-    text += !row.Reads() ? "It is only written.\n" : row.writes ? "It is read and written.\n" : "It is only read.\n";
+    if (!row.lacks.empty())
+        text += "It needs " + std::string(row.lacks) + ", which this build goes without.\n";
+    else
+        text += !row.Reads() ? "It is only written.\n"
+                : row.writes ? "It is read and written.\n"
+                             : "It is only read.\n";
     text += Prose(ProfileSentence(row.profile)) + "\n";
     for (const std::string& paragraph : page.paragraphs)
         text += ".PP\n" + Prose(paragraph) + "\n";

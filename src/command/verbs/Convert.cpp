@@ -33,8 +33,7 @@ const FormatRow* OutputFormat(const ConvertOrder& order, std::optional<Kind> kin
     }
     if (format == nullptr && (kind || !IsKnownExtension(order.output)))
         FailUsage(ErrorLine(order.output, "", "nothing tells its format; --to names one"));
-    if (format != nullptr && !format->writes)
-        FailUsage("the format " + std::string(format->name) + " is only read, never written");
+    if (format != nullptr && !format->writes) FailUsage(WhyNotWritten(*format));
     return format;
 }
 

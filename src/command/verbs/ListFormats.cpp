@@ -19,7 +19,10 @@ ExitCode ListFormats(bool json) {
         line.resize(28, ' ');
         line += row.extension;
         line.resize(36, ' ');
-        line += !row.Reads() ? "writes" : row.writes ? "reads, writes" : "reads";
+        if (!row.lacks.empty())
+            line.append("needs ").append(row.lacks).append(", which this build goes without");
+        else
+            line += !row.Reads() ? "writes" : row.writes ? "reads, writes" : "reads";
         std::cout << line << '\n';
     }
     return ExitCode::kDone;
