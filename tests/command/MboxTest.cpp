@@ -1,19 +1,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "command/Limits.h"
 #include "command/Program.h"
 
 namespace orvale::test {
 namespace {
 
 using testing::HasSubstr;
-
-// A sanitizer takes more room and time than any limit allows.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr const char* kLimits = "";
-#else
-constexpr const char* kLimits = "ulimit -v 600000; ulimit -t 60; ";
-#endif
 
 class MboxTest : public testing::Test {
  protected:
@@ -214,7 +208,7 @@ TEST_F(MboxTest, EnormousMailboxesAreBounded) {
     for (const auto& each : kCases) {
         SCOPED_TRACE(each.name);
         PutMailbox(each.message + "\n\nFrom b Mon Mar 17 06:02:11 2008\nSubject: behind\n\n");
-        const Outcome outcome = Run("convert --force --from mbox in.mbox a.json", kLimits + std::string("TZ=UTC"));
+        const Outcome outcome = Run("convert --force --from mbox in.mbox a.json", Limits(600000, 60) + "TZ=UTC");
         EXPECT_THAT(outcome.errors, HasSubstr(each.told));
         EXPECT_EQ(outcome.exitCode, 0);
         EXPECT_THAT(folder.Get("a.json"), HasSubstr("\"subject\": \"behind\""));

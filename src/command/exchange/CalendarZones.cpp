@@ -1,6 +1,7 @@
 #include "command/exchange/CalendarZones.h"
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace orvale {
@@ -41,6 +42,33 @@ bool IsHarmless(icalcomponent* zone) {
     return true;
 }
 
+// Moments as seconds since 1970, by which they can be reckoned with.
+std::int64_t SecondsOf(const icaltimetype& time) {
+    using namespace std::chrono;
+    const auto month = static_cast<unsigned>(time.month);
+    const auto day = static_cast<unsigned>(time.day);
+    const sys_seconds midnight =
+        sys_days(year_month_day(year(time.year), std::chrono::month(month), std::chrono::day(day)));
+    return midnight.time_since_epoch().count() + time.hour * 3600 + time.minute * 60 + time.second;
+}
+
+icaltimetype TimeOf(std::int64_t seconds, const icaltimezone* zone) {
+    using namespace std::chrono;
+    const sys_seconds moment{std::chrono::seconds(seconds)};
+    const sys_days midnight = floor<days>(moment);
+    const year_month_day date(midnight);
+    const hh_mm_ss clock(moment - midnight);
+    icaltimetype time{};
+    time.year = static_cast<int>(date.year());
+    time.month = static_cast<int>(static_cast<unsigned>(date.month()));
+    time.day = static_cast<int>(static_cast<unsigned>(date.day()));
+    time.hour = static_cast<int>(clock.hours().count());
+    time.minute = static_cast<int>(clock.minutes().count());
+    time.second = static_cast<int>(clock.seconds().count());
+    time.zone = zone;
+    return time;
+}
+
 }  // namespace
 
 CalendarFields FieldsOf(const icaltimetype& time) {
@@ -62,7 +90,7 @@ void CalendarZones::Add(const std::string& definition) {
     defined_.emplace(key, std::move(zone));
 }
 
-const icaltimezone* CalendarZones::Find(const std::string& name) {
+icaltimezone* CalendarZones::Find(const std::string& name) {
     if (const auto found = defined_.find(name); found != defined_.end()) return found->second.get();
     if (lookAhead) {
         std::exchange(lookAhead, nullptr)();
@@ -70,7 +98,7 @@ const icaltimezone* CalendarZones::Find(const std::string& name) {
     }
     if (const auto found = ofSystem_.find(name); found != ofSystem_.end()) return found->second;
     // Some programs put their own name before the usual one: "/example.com/Europe/Berlin".
-    const icaltimezone* zone = nullptr;
+    icaltimezone* zone = nullptr;
     std::string_view rest = name;
     while (zone == nullptr && !rest.empty() && rest.size() < 256) {
         zone = Ical().icaltimezone_get_builtin_timezone(std::string(rest).c_str());
@@ -83,12 +111,23 @@ const icaltimezone* CalendarZones::Find(const std::string& name) {
 }
 
 std::optional<CalendarFields> CalendarZones::ToLocal(const std::string& name, const icaltimetype& time) {
-    const icaltimezone* const zone = Find(name);
+    const IcalLibrary& ical = Ical();
+    icaltimezone* const zone = Find(name);
     if (zone == nullptr) return std::nullopt;
+    icaltimezone* const utc = ical.icaltimezone_get_utc_timezone();
+    const auto thereOf = [&](std::int64_t moment) {
+        return SecondsOf(ical.icaltime_convert_to_zone(TimeOf(moment, utc), zone));
+    };
     icaltimetype there = time;
     there.zone = zone;
-    icaltimezone* const utc = Ical().icaltimezone_get_utc_timezone();
-    return UtcToLocal(FieldsOf(Ical().icaltime_convert_to_zone(there, utc)));
+    const std::int64_t wanted = SecondsOf(there);
+    std::int64_t moment = SecondsOf(ical.icaltime_convert_to_zone(there, utc));
+    // A time that comes twice, because a clock goes back, is the first one, and one that a clock skips is meant by the
+    // offset before (RFC 5545, 3.3.5). The library takes the second one, and the offset behind.
+    constexpr std::int64_t kDay = 24 * 60 * 60;
+    const std::int64_t byOffsetBefore = wanted - (thereOf(moment - kDay) - (moment - kDay));
+    if (thereOf(byOffsetBefore) == wanted || thereOf(moment) != wanted) moment = byOffsetBefore;
+    return UtcToLocal(FieldsOf(TimeOf(moment, utc)));
 }
 
 }  // namespace orvale

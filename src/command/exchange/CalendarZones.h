@@ -26,10 +26,10 @@ class CalendarZones {
     bool Knows(const std::string& name) { return Find(name) != nullptr; }
 
  private:
-    const icaltimezone* Find(const std::string& name);
+    icaltimezone* Find(const std::string& name);
 
     std::map<std::string, IcalZone> defined_;
-    std::map<std::string, const icaltimezone*> ofSystem_;  // null for a name that it doesn't know
+    std::map<std::string, icaltimezone*> ofSystem_;  // null for a name that it doesn't know
 };
 
 /// The parts of a time of libical.

@@ -1,3 +1,4 @@
+// The way in of IcsEntry.h: an entry out of a component.
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -54,9 +55,12 @@ class EntryReader {
  private:
     // A moment as it is told and as the process's zone has it.
     struct Moment {
+        icaltimetype told;
+        std::string zone;  // that it names; empty for none
         CalendarFields there;
         CalendarFields local;
-        bool isDate;
+
+        bool IsDate() const { return told.is_date != 0; }
     };
 
     void Note(const std::string& what, std::size_t count = 1) { notes_.Add(what, line_, count); }
@@ -97,7 +101,7 @@ class EntryReader {
             case ICAL_DTSTART_PROPERTY:
                 start_ = MomentOf(property);
                 if (start_) item_.dtstart = DateOf(property, start_->local);
-                if (start_ && start_->isDate) Note("whole days, which became times from midnight");
+                if (start_ && start_->IsDate()) Note("whole days, which became times from midnight");
                 return;
             case ICAL_DTEND_PROPERTY:
             case ICAL_DUE_PROPERTY:
@@ -151,8 +155,8 @@ class EntryReader {
     }
 
     std::optional<Moment> MomentOf(const icaltimetype& time, const std::string& zone) {
-        Moment moment{FieldsOf(time), {}, time.is_date != 0};
-        if (moment.isDate) moment.there.hour = moment.there.minute = moment.there.second = 0;
+        Moment moment{time, zone, FieldsOf(time), {}};
+        if (moment.IsDate()) moment.there.hour = moment.there.minute = moment.there.second = 0;
         moment.there.second = std::min(moment.there.second, 59);  // a leap second is the last one here
         constexpr int kFirstYear = 100;                           // of a date of the records
         if (!IsValid(moment.there) || moment.there.year < kFirstYear) {
@@ -160,9 +164,9 @@ class EntryReader {
             return std::nullopt;
         }
         std::optional<CalendarFields> local = moment.there;
-        if (!moment.isDate && ical_.icaltime_is_utc(time) != 0) {
+        if (!moment.IsDate() && ical_.icaltime_is_utc(time) != 0) {
             local = UtcToLocal(moment.there);
-        } else if (!moment.isDate && !zone.empty()) {
+        } else if (!moment.IsDate() && !zone.empty()) {
             if (zones_.Knows(zone))
                 local = zones_.ToLocal(zone, time);
             else
@@ -299,10 +303,20 @@ class EntryReader {
             return Note(std::string(reason) + ", whose entries stand once");
         if (ListIsLast(rule)) Note("recurrences on the last such weekday of a month, which became the fifth");
         if (rule.until.year == 0) return;
-        if (const auto until = MomentOf(rule.until, "")) {
+        if (const auto until = LastMomentOf(rule.until)) {
             item_.recurhasenddate = 1;
             item_.recurenddate = DateValue::FromFields(until->local);
         }
+    }
+
+    // The moment up to which a rule counts. Of a bare date all is meant: what begins there at a time counts, too.
+    std::optional<Moment> LastMomentOf(const icaltimetype& until) {
+        if (until.is_date == 0 || start_->IsDate()) return MomentOf(until, "");
+        icaltimetype last = start_->told;
+        last.year = until.year;
+        last.month = until.month;
+        last.day = until.day;
+        return MomentOf(last, start_->zone);
     }
 
     static bool ListIsLast(const icalrecurrencetype& rule) {

@@ -1,3 +1,4 @@
+// The way out of IcsEntry.h: a component of an entry.
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -21,6 +22,11 @@ bool IsUri(std::u16string_view text) {
     return !text.empty() && std::all_of(text.begin(), text.end(), [](char16_t c) { return c > 0x20 && c < 0x7F; });
 }
 
+// An event has to have a start; what has none is written as a todo, and its own number tells that it is an event.
+bool HasStart(const CCalendarItem& item) {
+    return !item.dtstart.IsNone() && item.dtstart.Fields().has_value();
+}
+
 // Whether the end of an entry may stand as one: it has to come behind the start.
 bool EndsBehindStart(const CCalendarItem& item) {
     return item.dtstart.IsNone() || !(item.dtend.Value() <= item.dtstart.Value());
@@ -32,7 +38,7 @@ class EntryWriter {
         : ical_(Ical()),
           item_(item),
           notes_(notes),
-          isTodo_(item.itemType == PHONE_TODO_TYPE),
+          isTodo_(item.itemType == PHONE_TODO_TYPE || !HasStart(item)),
           component_(ical_.icalcomponent_new(isTodo_ ? ICAL_VTODO_COMPONENT : ICAL_VEVENT_COMPONENT)) {
         told_.itemType = isTodo_ ? PHONE_TODO_TYPE : PHONE_EVENT_TYPE;
     }
