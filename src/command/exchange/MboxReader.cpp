@@ -1,3 +1,4 @@
+// The way in of MboxMessage.h: an email out of a message.
 #include <ctime>
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// The way out of MboxMessage.h: a message of an email.
 #include <algorithm>
 #include <cstdio>
 #include <cstring>

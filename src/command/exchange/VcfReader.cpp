@@ -5,6 +5,7 @@
 #include <charconv>
 
 #include "command/console/CommandError.h"
+#include "command/exchange/VcfText.h"
 #include "command/exchange/VcfValues.h"
 #include "platform/Text.h"
 

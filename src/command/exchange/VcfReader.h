@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "command/exchange/VcfDecoder.h"
 #include "command/exchange/VcfLines.h"
 #include "command/exchange/VcfProperty.h"
 #include "command/exchange/VcfTable.h"

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "command/exchange/VcfText.h"
 #include "platform/Text.h"
 
 namespace orvale {
@@ -41,10 +42,6 @@ bool IsPartialDay(std::u16string_view text) {
 }
 
 }  // namespace
-
-bool IsLeftOutOfVcf(char16_t unit) {
-    return (unit < u' ' && unit != u'\t' && unit != u'\r' && unit != u'\n') || unit == 0x7F;
-}
 
 std::u16string JoinFilled(std::span<const std::u16string> parts) {
     std::u16string text;

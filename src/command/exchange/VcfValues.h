@@ -11,9 +11,6 @@
 /// and the way out of each stand side by side.
 namespace orvale {
 
-/// Whether a vCard leaves a character out: it can hold no control characters but the tab and line ends.
-bool IsLeftOutOfVcf(char16_t unit);
-
 /// The texts of several parts in one, those that say something, with commas between.
 std::u16string JoinFilled(std::span<const std::u16string> parts);
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <map>
 
+#include "command/exchange/VcfText.h"
 #include "command/exchange/VcfValues.h"
 #include "platform/Text.h"
 
@@ -11,11 +12,6 @@ namespace orvale {
 namespace {
 
 constexpr std::size_t kLongestLine = 75;  // octets, without the line end
-
-// A byte that a vCard can't have.
-bool IsControl(char c) {
-    return c >= 0 && IsLeftOutOfVcf(static_cast<char16_t>(c));
-}
 
 // Whether nothing of a text stands in a vCard.
 bool SaysNothing(std::u16string_view text) {
@@ -328,39 +324,14 @@ void VcfWriter::AddId(std::int32_t id) {
     line_.append(";").append(vcf::kIdParameter).append("=").append(std::to_string(id));
 }
 
-// The text of a parameter (RFC 6868).
 void VcfWriter::AddLabel(std::u16string_view text) {
-    const std::string bytes = ToUtf8(text, &replaced_);
     line_ += ";LABEL=\"";
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
-        const char c = bytes[i];
-        if (c == '\r' && i + 1 < bytes.size() && bytes[i + 1] == '\n') continue;
-        if (c == '\r' || c == '\n')
-            line_ += "^n";
-        else if (c == '"')
-            line_ += "^'";
-        else if (c == '^')
-            line_ += "^^";
-        else if (!IsControl(c))
-            line_ += c;
-    }
+    AppendVcfParameter(line_, text, replaced_);
     line_ += '"';
 }
 
 void VcfWriter::AddText(std::u16string_view text, bool separatorsToo) {
-    const std::string bytes = ToUtf8(text, &replaced_);
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
-        const char c = bytes[i];
-        if (c == '\r' && i + 1 < bytes.size() && bytes[i + 1] == '\n') continue;
-        if (c == '\r' || c == '\n') {
-            line_ += "\\n";
-        } else if (c == '\\' || (separatorsToo && (c == ';' || c == ','))) {
-            line_ += '\\';
-            line_ += c;
-        } else if (!IsControl(c)) {
-            line_ += c;
-        }
-    }
+    AppendVcfText(line_, text, separatorsToo, replaced_);
 }
 
 // Folds the line: a blank goes before each piece but the first, and no character is taken apart.
