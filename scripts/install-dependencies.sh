@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
 # Installs those of the packages needed that aren't there: what builds and tests Orvale and, with --checks, what the
 # further checks of .ci/run take, with --packaging what scripts/package.sh takes, with --comparison what bench/compare.sh
-# compares it with, with --browser those for the test of the page in a browser alone. Does nothing, and needs no
-# rights, where all are there.
+# compares it with; with --browser those for the test of the page in a browser alone, with --coverage what
+# scripts/coverage.sh counts with. Does nothing, and needs no rights, where all are there.
 set -euo pipefail
 
-usage="usage: scripts/install-dependencies.sh [--checks | --packaging | --comparison | --browser]"
+usage="usage: scripts/install-dependencies.sh [--checks | --packaging | --comparison | --browser | --coverage]"
 packages=(
     g++ cmake ninja-build pkg-config       # the build; pkg-config for the test of the installed package
     libxml2-dev                            # the XML suites
@@ -23,6 +23,7 @@ case "$#:${1-}" in
         packages+=(libpugixml-dev libcsv-dev jq abook gammu php-cli php-sabre-vobject)
         packages+=(python3 python3-vobject gnuplot-nox time) ;;
     1:--browser) packages=(chromium chromium-driver python3) ;;
+    1:--coverage) packages=(gcovr) ;;
     1:-h | 1:--help) echo "$usage"; exit 0 ;;
     *) echo "$usage" >&2; exit 2 ;;
 esac

@@ -10,6 +10,7 @@
 #include "command/Program.h"
 #include "command/console/CommandError.h"
 #include "command/console/Progress.h"
+#include "support/Child.h"
 
 namespace orvale::test {
 namespace {
@@ -114,7 +115,7 @@ std::string OnATerminal(void (*body)()) {
     const pid_t child = forkpty(&terminal, nullptr, nullptr, nullptr);
     if (child == 0) {
         body();
-        _exit(0);
+        EndChild(0);
     }
     std::string seen;
     char bytes[4096];

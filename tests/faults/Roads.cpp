@@ -11,6 +11,7 @@
 
 #include "command/Commands.h"
 #include "command/json/JsonDocument.h"
+#include "platform/SharedLibrary.h"
 #include "platform/Text.h"
 
 namespace orvale::test {
@@ -60,6 +61,9 @@ FaultRun RunCommandWith(const Fault& fault, const std::vector<std::string>& word
     for (const std::string& word : words)
         all.push_back(word.c_str());
     all.insert(all.end(), {"--module", ORVALE_MODULE});
+#if defined(ORVALE_COVERAGE)
+    static const SharedLibrary kept(ORVALE_MODULE);  // unloaded, it would write its counters while faults are made
+#endif
     return RunWith(
         fault, [&] { return Main(static_cast<int>(all.size()), all.data()); }, meanwhile);
 }

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <cstdlib>
 
 namespace orvale::test {
 
@@ -22,7 +23,7 @@ ChildResult InChild(const std::function<void()>& body) {
             ADD_FAILURE() << error.what();
         }
         std::fflush(stdout);
-        _exit(testing::Test::HasFailure() ? 1 : 0);
+        EndChild(testing::Test::HasFailure() ? 1 : 0);
     }
     close(ends[1]);
     ChildResult result{-1, {}};
@@ -33,6 +34,14 @@ ChildResult InChild(const std::function<void()>& body) {
     int status = 0;
     if (waitpid(child, &status, 0) == child && WIFEXITED(status)) result.exitCode = WEXITSTATUS(status);
     return result;
+}
+
+void EndChild(int code) {
+#if defined(ORVALE_COVERAGE)
+    std::exit(code);
+#else
+    _exit(code);
+#endif
 }
 
 }  // namespace orvale::test

@@ -24,6 +24,8 @@
 #include <stdexcept>
 #include <vector>
 
+#include "support/Child.h"
+
 #if defined(__SANITIZE_ADDRESS__)
 extern "C" int __lsan_do_recoverable_leak_check();
 #elif !defined(__SANITIZE_THREAD__)
@@ -265,7 +267,7 @@ class Capture {
     if (!catches) shared->leaked = __lsan_do_recoverable_leak_check() != 0;
 #endif
     shared->ended = true;
-    _exit(code);
+    EndChild(code);
 }
 
 }  // namespace
