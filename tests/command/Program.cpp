@@ -13,4 +13,14 @@ Outcome RunOrvale(const ScratchFolder& folder, const std::string& words, const s
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, folder.Get(".output"), folder.Get(".errors")};
 }
 
+std::string Flat(std::string_view json) {
+    std::string flat;
+    bool inText = false;
+    for (std::size_t i = 0; i < json.size(); ++i) {
+        if (json[i] == '"' && (i == 0 || json[i - 1] != '\\')) inText = !inText;
+        if (inText || json[i] > ' ') flat += json[i];
+    }
+    return flat;
+}
+
 }  // namespace orvale::test

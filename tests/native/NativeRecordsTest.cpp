@@ -41,7 +41,7 @@ class Native : public testing::Test {
 
 using CALFile = Native<Calendar>;
 using EMLFile = Native<Email>;
-using Formats = testing::Types<Calendar, Email, Sms>;
+using Formats = testing::Types<Contacts, Calendar, Email, Sms>;
 TYPED_TEST_SUITE(Native, Formats);
 
 }  // namespace
@@ -66,10 +66,14 @@ TYPED_TEST(Native, Headers) {
     const std::string& good = TypeParam::kHeader;
     std::string other = good;
     other[4] = 'x';
+    std::string lower = good;
+    lower[1] = 'q';
     const std::int32_t shortOne = TypeParam::kIsSms ? VERIFY_NOT_READ_HEADER : VERIFY_OK;
     const std::pair<std::string, std::int32_t> cases[] = {
         {good.substr(0, good.size() - 4) + Int32(-7), VERIFY_OK},  // any version
         {other, VERIFY_WRONG_FLAG},
+        {lower, VERIFY_WRONG_FLAG},
+        {good.substr(0, 5), TypeParam::kIsSms ? VERIFY_NOT_READ_HEADER : VERIFY_WRONG_FLAG},
         {good.substr(0, 8) + "!" + good.substr(9), VERIFY_WRONG_FLAG},
         {std::string(good.size(), '\0'), VERIFY_NOT_READ_HEADER},
         {good.substr(0, good.size() - 1), shortOne},

@@ -4,11 +4,12 @@
 
 #include "native/CALFile.h"
 #include "native/EMLFile.h"
+#include "native/QZSFile.h"
 #include "native/SMSFile.h"
 #include "support/Bytes.h"
 
-/// The native files of calendar, email and SMS: a record with a value of its own in each member that the file keeps,
-/// and by hand the bytes that it has there.
+/// The native files: a record with a value of its own in each member that the file keeps, and by hand the bytes that it
+/// has there.
 namespace orvale::test {
 
 inline std::string Float64(double number) {
@@ -29,15 +30,46 @@ inline std::string ByteString(std::u16string_view text) {
 
 constexpr std::time_t kDayOfWriting = 1280124015;  // 26 July 2010
 
+inline std::string DatedHeader(const std::string& flag) {
+    const std::string ends(2, '\0');
+    return flag + ends + "20100726" + ends + Int32(100);
+}
+
+struct Contacts {
+    using File = CQZSFile;
+    using Record = CContactItem;
+    static constexpr bool kIsSms = false;
+    static inline const std::string kHeader = DatedHeader("<QZ-QZS>");
+    static inline const std::string kEmpty = std::string(8, '\0');
+    // AddField's copy turned the bucket of 1 and 2 around, and writing turns it once more.
+    static inline const std::string kBytes = Int32s({2, 2, 5}) + String(u"\u00C4\u4E2D") + Int32(-2) + String(u"x") +
+                                             Int32s({3, 2}) + String(u"b") + Int32(1) + String(u"a") + Int32(16) +
+                                             String(u"c") + std::string(20, '\0');
+
+    static Record Sample() {
+        Record contact;
+        contact.Storage = 2;
+        contact.Index = contact.MemoryLocation = 9;  // in no file
+        CContactField field;
+        field.Type = 5;
+        field.Data = u"\u00C4\u4E2D";
+        field.extraNumber = 0xFFFFFFFE;
+        field.extraText = u"x";
+        field.SetGroup(1, u"a");
+        field.SetGroup(2, u"b");
+        field.SetGroup(16, u"c");
+        contact.AddField(field);
+        contact.AddField(CContactField());
+        return contact;
+    }
+    static void Clear(Record& contact) { contact.Clear(); }
+};
+
 struct Calendar {
     using File = CCALFile;
     using Record = CCalendarItem;
     static constexpr bool kIsSms = false;
-    static inline const std::string kHeader = std::string(
-                                                  "<QZ-CAL>\0\0"
-                                                  "20100726\0\0",
-                                                  20) +
-                                              Int32(100);
+    static inline const std::string kHeader = DatedHeader("<QZ-CAL>");
     static inline const std::string kEmpty =
         Int32(-1) + std::string(44, '\0') + Int32(1) + std::string(40, '\0') + Int32(1) + std::string(16, '\0');
     static inline const std::string kBytes =
@@ -74,11 +106,7 @@ struct Email {
     using File = CEMLFile;
     using Record = CEmailItem;
     static constexpr bool kIsSms = false;
-    static inline const std::string kHeader = std::string(
-                                                  "<QZ-EML>\0\0"
-                                                  "20100726\0\0",
-                                                  20) +
-                                              Int32(100);
+    static inline const std::string kHeader = DatedHeader("<QZ-EML>");
     static inline const std::string kEmpty = std::string(84, '\0');
     static inline const std::string kBytes =
         Int32s({11, 12, 13}) + String(u"a") + String(u"b") + String(u"c") + String(u"d") + String(u"e") + String(u"f") +
