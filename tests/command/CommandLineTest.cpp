@@ -19,6 +19,11 @@ class CommandLineTest : public testing::Test {
         folder.Put("note.txt", "nothing of ours");
         folder.Put("sms.json", R"({"orvale": 1, "kind": "sms", "records": []})");
         folder.Put("[odd] name.json", kContacts);
+        for (const auto& [name, date] : {std::pair("date.json", R"("2010-13-26T06:00:15")"),
+                                         {"day.json", R"("2010-07-26")"},
+                                         {"truth.json", "true"}})
+            folder.Put(name,
+                       R"({"orvale": 1, "kind": "calendar", "records": [{"dtstart": )" + std::string(date) + "}]}");
         EXPECT_EQ(RunOrvale(folder, "convert ann.json ann.qzs").exitCode, 0);
     }
 
@@ -71,6 +76,10 @@ TEST_F(CommandLineTest, EndsWithACodeAndOneLine) {
         {"convert ann.json sms.json new.json", 1, "sms.json: holds messages, not contacts"},
         {"convert --strict --no-verify ann.qzs new.vcf", 2,
          "--strict needs the reading back that --no-verify leaves out"},
+        {"convert --from sms ann.qzs new.qzs", 2, "--from and the output's format are of two kinds"},
+        {"show date.json", 1, "date.json: records[0].dtstart: no date; it reads like 2010-07-26T06:00:15"},
+        {"show day.json", 1, "day.json: records[0].dtstart: no date; it reads like 2010-07-26T06:00:15"},
+        {"show truth.json", 1, "truth.json: records[0].dtstart: expected a date"},
         {"log nonsense", 2, "the log is off, file, debug or both, not 'nonsense'"},
         {"show --module missing.so ann.qzs", 1, "missing.so"},
         {"log nonsense --module missing.so", 2, "the log is off, file, debug or both, not 'nonsense'"},
@@ -139,6 +148,11 @@ TEST_F(CommandLineTest, SetsTheLogOfTheModuleInUse) {
                     StartsWith("log: " + std::string(word) + "\n"));
     }
     EXPECT_THAT(folder.Get("reg"), HasSubstr("\"x\"=\"y\"\r\n"));
+    EXPECT_THAT(RunOrvale(folder, "log --module note.txt", "ORVALE_REGISTRY=reg").errors,
+                HasSubstr("note.txt: only a module of the name Orvale.so keeps a log\n"));
+    EXPECT_EQ(RunOrvale(folder, "log file", "ORVALE_REGISTRY=reg/none").errors, "orvale: reg/none: Not a directory\n");
+    EXPECT_EQ(RunOrvale(folder, "log", "unset HOME XDG_CONFIG_HOME; ORVALE_REGISTRY=").errors,
+              "orvale: registry: neither ORVALE_REGISTRY nor a home folder tells its place\n");
     RunOrvale(folder, "log debug", "ORVALE_REGISTRY=reg");
     EXPECT_THAT(RunOrvale(folder, "info ann.qzs", "ORVALE_REGISTRY=reg").errors,
                 HasSubstr("ORVALE - CQZSFile::Read : Succeeded"));

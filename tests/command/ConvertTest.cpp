@@ -157,6 +157,27 @@ TEST_F(ConvertTest, AValueThatEndsItsCardIsALoss) {
     EXPECT_THAT(out.errors, HasSubstr("lost: pieces of a value that ends its record: 1"));
 }
 
+// A native file may hold half a character, which no UTF-8 tells.
+TEST_F(ConvertTest, HalvesOfCharactersAreALoss) {
+    const auto putHalf = [&](const std::string& name) {
+        std::string bytes = folder.Get(name);
+        folder.Put(name, bytes.replace(bytes.find("\x2D\x4E"), 2, std::string("\x00\xD8", 2)));
+    };
+    folder.Put("in.json", Document(Contact("0", Field(5, "Ann 中"))));
+    folder.Put("mail.json", R"({"orvale": 1, "kind": "email", "records": [{"subject": "Re 中"}]})");
+    ASSERT_EQ(Run("convert in.json a.qzs").exitCode + Run("convert mail.json a.eml").exitCode, 0);
+    putHalf("a.qzs");
+    putHalf("a.eml");
+    for (const char* const words :
+         {"a.qzs b.json", "a.qzs b.csv", "--to vcf a.qzs b.vcf", "a.eml c.json", "a.eml c.mbox"}) {
+        const Outcome outcome = Run("convert --force --strict " + std::string(words));
+        EXPECT_EQ(outcome.exitCode, 3) << words;
+        EXPECT_THAT(outcome.errors,
+                    testing::AnyOf(HasSubstr("lost: halves of characters that "), HasSubstr("changed: full name: 1")))
+            << words;
+    }
+}
+
 TEST_F(ConvertTest, ACutDocumentIsDamagedNotWrong) {
     const std::string whole = Document(Contact("0", Field(5, "Ann")) + "," + Contact("0", Field(5, "Bob")));
     const std::size_t behindAnn = whole.find("},\n    {\n      \"storage\"") + 1;

@@ -86,6 +86,30 @@ TEST_F(DiffTest, HoldsFilesOfDifferentFormatsAndDamagedOnesAgainstEachOther) {
     EXPECT_THAT(Run("diff a.qzs sms.json").errors, HasSubstr("sms.json: holds messages, not contacts"));
 }
 
+// What a reader lost or passed over isn't compared, and that is told; so is the end of a damaged file of each kind.
+TEST_F(DiffTest, WhatIsNotComparedIsTold) {
+    for (const std::string name : {"contacts.qzs", "calendar.cal", "messages.sms", "mails.eml"}) {
+        std::filesystem::copy_file(ORVALE_ROOT "/samples/" + name, folder / name);
+        const std::string whole = folder.Get(name);
+        folder.Put("cut", whole.substr(0, whole.size() - 1));
+        EXPECT_THAT(Run("diff " + name + " cut").errors, HasSubstr("damaged from here on, which is not compared\n"));
+        EXPECT_THAT(Run("convert --force " + name + " cut new.json").errors,
+                    HasSubstr("--partial takes what came before\n"));
+        EXPECT_THAT(Run("convert --force --partial " + name + " cut new.json").errors, HasSubstr("and left out\n"));
+        EXPECT_THAT(Run("convert --force --unique " + name + " " + name + " new.json").errors, HasSubstr("left out: "));
+    }
+    folder.Put("a.vcf", "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:A\r\nPHOTO:x\r\nEND:VCARD\r\n");
+    folder.Put("b.xml",
+               "<phonebook version='100' id='suite-phonebook'><profile><device><id>1</id><typeset><C00><id>5</id></C00>"
+               "</typeset></device></profile><contactentries><contact><C00>broken</C00></contact><contact>"
+               "<device>1</device><C00>A</C00></contact></contactentries></phonebook>");
+    const Outcome outcome = Run("diff a.vcf b.xml");
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_EQ(outcome.errors,
+              "orvale: not compared: PHOTO: 1, first in a.vcf, line 4\n"
+              "orvale: b.xml: 1 record could not be read and was passed over\n");
+}
+
 TEST_F(DiffTest, DatesAndNumbersWithNamesAreToldAsAPersonReadsThem) {
     const std::string head = R"({"orvale": 1, "kind": "calendar", "records": [{)";
     folder.Put("a.json", head + R"("dtstart": "2010-07-26T06:00:15", "category": 1}]})");
@@ -93,6 +117,33 @@ TEST_F(DiffTest, DatesAndNumbersWithNamesAreToldAsAPersonReadsThem) {
     const std::string output = Run("diff a.json b.json").output;
     EXPECT_THAT(output, HasSubstr("\"2010-07-26 06:00:15\" in a.json, \"2010-07-27 06:00\" in b.json"));
     EXPECT_THAT(output, HasSubstr("\"1 (CATE_"));
+}
+
+TEST_F(DiffTest, ARecordIsNamedByWhatAPersonKnowsItBy) {
+    const struct {
+        const char* kind;
+        const char* record;
+        const char* changed;
+        const char* output;
+    } kCases[] = {
+        {"sms", R"("name": "Ann", "phonenumber": "1", "time": "t", "content": "x")", R"("content": "y")",
+         "message 1 Ann <1>, t\n"},
+        {"sms", R"("phonenumber": "1", "time": "", "content": "x")", R"("content": "y")", "message 1 1\n"},
+        {"sms", R"("name": "Ann", "time": "", "content": "x")", R"("content": "y")", "message 1 Ann\n"},
+        {"sms", R"("time": "", "content": "x")", R"("content": "y")", "message 1 (nobody)\n"},
+        {"email", R"("subject": "s", "body": "x")", R"("body": "y")", "email 1 s\n"},
+        {"email", R"("body": "x")", R"("body": "y")", "email 1 (no subject)\n"},
+        {"calendar", R"("fields": [{"type": 3000, "data": "s"}], "ring": "x")", R"("ring": "y")",
+         "calendar entry 1 s\n"},
+    };
+    for (const auto& each : kCases) {
+        const std::string head = R"({"orvale": 1, "kind": ")" + std::string(each.kind) + R"(", "records": [{)";
+        std::string other = each.record;
+        other.replace(other.rfind(std::string(each.changed).substr(0, 6)), std::string::npos, each.changed);
+        folder.Put("a.json", head + each.record + "}]}");
+        folder.Put("b.json", head + other + "}]}");
+        EXPECT_THAT(Run("diff a.json b.json").output, testing::StartsWith(each.output));
+    }
 }
 
 TEST_F(DiffTest, ProfilesAreComparedWithoutTheirPasswords) {
@@ -109,41 +160,9 @@ TEST_F(DiffTest, ProfilesAreComparedWithoutTheirPasswords) {
 TEST_F(DiffTest, AsJsonForScripts) {
     folder.Put("a.json", Contacts(kBob));
     folder.Put("b.json", Contacts(kBobNoted + "," + kCat));
-    EXPECT_EQ(Run("diff --json a.json b.json").output, R"({
-  "kind": "contacts",
-  "files": [
-    "a.json",
-    "b.json"
-  ],
-  "same": 0,
-  "moved": 0,
-  "profile": [],
-  "records": [
-    {
-      "numbers": [
-        1,
-        1
-      ],
-      "title": "Bob",
-      "changes": [
-        {
-          "what": "general address",
-          "before": null,
-          "after": "x\u001b"
-        }
-      ]
-    },
-    {
-      "numbers": [
-        null,
-        2
-      ],
-      "title": "Cat",
-      "changes": []
-    }
-  ]
-}
-)");
+    EXPECT_EQ(Flat(Run("diff --json a.json b.json").output), Flat(R"({
+        "kind": "contacts", "files": ["a.json", "b.json"], "same": 0, "moved": 0, "profile": [], "records": [{"numbers": [1, 1], "title": "Bob", "changes": [{"what": "general address", "before": null,
+        "after": "x\u001b"}]}, {"numbers": [null, 2], "title": "Cat", "changes": []}]})"));
 }
 
 TEST_F(DiffTest, UniqueWritesEqualRecordsOnce) {

@@ -136,6 +136,18 @@ TEST_F(IcsTest, RulesOfOtherPrograms) {
         {"FREQ=DAILY;COUNT=99999999999", "", "numbers beyond those of a phone"},
         {"FREQ=DAILY;INTERVAL=70000", "", "numbers beyond those of a phone"},
         {"FREQ=SOMETIMES", "", "lines that can't be read"},
+        {"FREQ=DAILY;BYMONTH=7", "", "days of some months alone"},
+        {"FREQ=WEEKLY;BYMONTH=7", "", "days of some months alone"},
+        {"FREQ=MONTHLY;BYMONTH=7", "", "days of some months alone"},
+        {"FREQ=DAILY;INTERVAL=2;BYDAY=MO", "", "every so many days that are a weekday"},
+        {"FREQ=WEEKLY;BYDAY=1MO", "", "a day that is none"},
+        {"FREQ=WEEKLY;BYMINUTE=5", "", "at other times than that of their start"},
+        {"FREQ=MONTHLY;BYDAY=MO", "", "in every week of a month"},
+        {"FREQ=MONTHLY;BYDAY=4MO,4TU", "", "several weekdays of a month"},
+        {"FREQ=MONTHLY;BYMONTHDAY=26;BYSETPOS=1", "", "one of several days"},
+        {"FREQ=YEARLY;BYMONTH=8;BYDAY=4MO", "", "another weekday than that of their start"},
+        {"FREQ=YEARLY;BYYEARDAY=200", "", "a day in the year"},
+        {"RSCALE=HEBREW;FREQ=YEARLY", "", "another calendar than the Gregorian"},
     };
     for (const auto& each : kCases) {
         SCOPED_TRACE(each.rule);
@@ -169,6 +181,8 @@ TEST_F(IcsTest, TimesGoThroughTheirZones) {
         {"DTSTART;TZID=Europe/Berlin:20100328T023000", "2010-03-28T03:30:00"},
         {"DTSTART;TZID=Nowhere:20100726T060000", "2010-07-26T06:00:00"},
         {"DTSTART;TZID=Busy:20100726T060000", "2010-07-26T06:00:00"},  // its rule is passed over
+        {"DTSTART;TZID=Summer:20100726T060000", "2010-07-26T07:00:00"},
+        {"DTSTART;TZID=Summer:20100126T060000", "2010-01-26T07:00:00"},
         {"DTSTART;VALUE=DATE:20100726", "2010-07-26T00:00:00"},
         {"DTSTART:99991231T235960", "9999-12-31T23:59:59"},
     };
@@ -177,7 +191,11 @@ TEST_F(IcsTest, TimesGoThroughTheirZones) {
                     "\nEND:VEVENT\nBEGIN:VTIMEZONE\nTZID:Mine: own\nBEGIN:STANDARD\nDTSTART:16010101T000000\n"
                     "TZOFFSETFROM:+0330\nTZOFFSETTO:+0330\nEND:STANDARD\nEND:VTIMEZONE\n"
                     "BEGIN:VTIMEZONE\nTZID:Busy\nBEGIN:STANDARD\nDTSTART:16010101T000000\nTZOFFSETFROM:+0330\n"
-                    "TZOFFSETTO:+0330\nRRULE:FREQ=SECONDLY\nEND:STANDARD\nEND:VTIMEZONE\n");
+                    "TZOFFSETTO:+0330\nRRULE:FREQ=SECONDLY\nEND:STANDARD\nEND:VTIMEZONE\n"
+                    "BEGIN:VTIMEZONE\nTZID:Summer\nBEGIN:STANDARD\nDTSTART:19701025T020000\nTZOFFSETFROM:+0100\n"
+                    "TZOFFSETTO:+0000\nRRULE:FREQ=YEARLY;BYMONTH=10;BYDAY=-1SU\nEND:STANDARD\nBEGIN:DAYLIGHT\n"
+                    "DTSTART:19700329T010000\nTZOFFSETFROM:+0000\nTZOFFSETTO:+0100\n"
+                    "RRULE:FREQ=YEARLY;BYMONTH=3;BYDAY=-1SU\nEND:DAYLIGHT\nEND:VTIMEZONE\n");
         EXPECT_THAT(Run("show --json in.ics").output, HasSubstr("\"dtstart\": \"" + std::string(each.shown) + "\""))
             << each.start;
     }
@@ -189,6 +207,47 @@ TEST_F(IcsTest, TimesGoThroughTheirZones) {
     PutCalendar(  // a day there, to its end
         "BEGIN:VEVENT\nDTSTART;TZID=America/New_York:20100726T200000\nRRULE:FREQ=DAILY;UNTIL=20100730\nEND:VEVENT\n");
     EXPECT_THAT(Run("show in.ics").output, HasSubstr("every day, until 2010-07-31 02:00\n"));
+}
+
+// Lines of an entry, what a person is shown of them, and what is told to be lost.
+TEST_F(IcsTest, WhatALineSays) {
+    const std::string start = "DTSTART:20100726T060000\n";
+    const auto alarm = [](const char* lines) { return "BEGIN:VALARM\n" + std::string(lines) + "END:VALARM\n"; };
+    const struct {
+        std::string lines;
+        const char* shown;
+        const char* told;
+        const char* kind = "VEVENT";
+    } kCases[] = {
+        {"COMPLETED:20100726T060000Z\n", "[x] (no", "", "VTODO"},
+        {"STATUS:COMPLETED\n", "[x] (no", "", "VTODO"},
+        {"STATUS:NEEDS-ACTION\n", "[ ] (no", "", "VTODO"},
+        {"PERCENT-COMPLETE:100\n", "[x] (no", "", "VTODO"},
+        {"PERCENT-COMPLETE:0\n", "[ ] (no", "", "VTODO"},
+        {"PERCENT-COMPLETE:40\n", "[ ] (no", "parts of a todo that are done: 1", "VTODO"},
+        {"STATUS:CONFIRMED\nCLASS:PRIVATE\nPRIORITY:0\n", "secret                  yes\n\n", ""},
+        {"CATEGORIES:BIRTHDAY,birthday,\n", "category                birthday\n", ""},
+        {"CATEGORIES:BIRTHDAY,PHONE CALL,\n", "category                birthday\n", "further categories: 1"},
+        {start + "RRULE:FREQ=DAILY\nRRULE:FREQ=WEEKLY\n", "every day\n", "further rules of a recurrence: 1"},
+        {"RRULE:FREQ=DAILY\n", "(no", "recurrences without a start: 1"},
+        {"DTSTART:20100329T060000\nRRULE:FREQ=MONTHLY;BYDAY=-1MO\n", "every month on Monday\n", "became the fifth: 1"},
+        {"DTSTART;TZID=America/New_York:20100726T200000\nRRULE:FREQ=MONTHLY\n", "02:00", "in their zone than here"},
+        {start + "DTEND:20100726T070000\nDURATION:PT3H\n", "06:00-07:00", ""},
+        {"DTSTART:00500726T060000\n", "No date", "dates that can't be read: 1"},
+        {start + alarm("TRIGGER:-PT90S\n"), "1 minutes before", "seconds of alarms: 1"},
+        {alarm("ACTION:AUDIO\n"), "(no", "alarms that can't be read: 1"},
+        {alarm("TRIGGER;RELATED=END:-PT5M\n"), "(no", "alarms that can't be read: 1"},
+        {alarm("TRIGGER;VALUE=DATE-TIME:20100726T033000Z\n"), "(no", "alarms that can't be read: 1"},
+        {"X-ORVALE-DURATION:x\nX-ORVALE-NONE:x\nX-ORVALE-FIELD:x\n", "(no", "lines that can't be read: 3"},
+    };
+    for (const auto& each : kCases) {
+        SCOPED_TRACE(each.lines);
+        PutCalendar("BEGIN:" + std::string(each.kind) + "\n" + each.lines + "END:" + each.kind + "\n");
+        EXPECT_THAT(Run("show in.ics").output, HasSubstr(each.shown));
+        const std::string errors = Run("convert --force in.ics a.cal").errors;
+        EXPECT_THAT(errors, HasSubstr(each.told));
+        EXPECT_EQ(errors.empty(), *each.told == '\0') << errors;
+    }
 }
 
 TEST_F(IcsTest, WhatHasNoPlaceIsTold) {
@@ -270,6 +329,36 @@ TEST_F(IcsTest, VCalendarOfManyItems) {
     folder.Put("all/2.vcs", folder.Get("many.vcs"));
     EXPECT_THAT(Run("convert all all.ics").errors, testing::Not(HasSubstr("passed over")));
     EXPECT_THAT(Run("info all.ics").output, HasSubstr("5 records"));
+}
+
+// Rules as version 1.0 writes them, for an event on Monday, 17 March 2008.
+TEST_F(IcsTest, RulesOfVCalendar) {
+    const struct {
+        const char* rule;
+        const char* shown;  // or, of one that a phone can't hold, what is told
+    } kCases[] = {
+        {"D1", "every day, 2 times\n"},
+        {"d2 #5", "every 2 days, 5 times\n"},
+        {"W1 MO #0", "every week on Monday\n"},
+        {"W1 MO 20081231T000000", "every week on Monday, until 2008-12-31 00:00\n"},
+        {"MD1 17 #3", "every month on day 17, 3 times\n"},
+        {"MP1 3+ MO #3", "every month on Monday, 3 times\n"},
+        {"YM1 3 #0", "every year on 17 March\n"},
+        {"MD1 LD #3", "counted from the end of the month"},
+        {"MD1 1- #3", "counted from the end of the month"},
+        {"YD1 77 #0", "a day in the year"},
+        {"X1 #0", "lines that can't be read: RRULE: 1"},
+        {"D", "lines that can't be read: RRULE: 1"},
+        {"DX", "lines that can't be read: RRULE: 1"},
+        {"W1 XX", "lines that can't be read: RRULE: 1"},
+        {"MD1 5* #0", "lines that can't be read: RRULE: 1"},
+    };
+    for (const auto& each : kCases) {
+        folder.Put("in.vcs", "BEGIN:VCALENDAR\r\nVERSION:1.0\r\nBEGIN:VEVENT\r\nDTSTART:20080317T073000Z\r\nRRULE:" +
+                                 std::string(each.rule) + "\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n");
+        const std::string told = Run("convert --force --from ics in.vcs a.cal").errors;
+        EXPECT_THAT(told.empty() ? Run("show a.cal").output : told, HasSubstr(each.shown)) << each.rule;
+    }
 }
 
 // A file cut off at any place gives the entries before it, and tells that it is damaged.

@@ -432,9 +432,93 @@ TEST_F(ViewTest, APageIsAFormatThatIsOnlyWritten) {
     EXPECT_EQ(named.exitCode, 2);
     EXPECT_THAT(named.errors, HasSubstr("the format html is only written, never read"));
     EXPECT_EQ(RunOrvale(folder, "info - --format html </dev/null").exitCode, 2);
-    folder.Put("half.json", "{\"orvale\": 1, \"kind\": \"sms\", \"records\": []}");
-    EXPECT_EQ(RunOrvale(folder, "convert half.json half.html").exitCode, 0);
-    EXPECT_THAT(folder.Get("half.html"), HasSubstr("There are no messages in here."));
+}
+
+// The words that a person sees of a page's records, with bars for the marks between them.
+std::string WordsOf(const std::string& page) {
+    std::string words;
+    const std::size_t end = page.rfind("</main>");
+    for (std::size_t at = page.find("<main"); at < end; ++at) {
+        const bool isGap = page[at] == '<' || (page[at] == '\n' && page[at + 1] == '<');
+        if (page[at] == '<') at = page.find('>', at);
+        if (!isGap)
+            words += page[at];
+        else if (!words.ends_with('|'))
+            words += '|';
+    }
+    return words;
+}
+
+// Records that lack something, or hold what nobody would expect.
+TEST_F(ViewTest, OddRecordsAreToldAllTheSame) {
+    std::string many;
+    for (int i = 0; i < 101; ++i)
+        many +=
+            std::string(i == 0 ? "" : ",") + R"({"phonenumber": "110", "time": "2008-03-17 18:04:12", "content": "x"})";
+    const struct {
+        const char* kind;
+        std::string records;
+        std::vector<const char*> words;
+    } kCases[] = {
+        {"contacts", "", {"|There are no contacts in here.|"}},
+        {"sms", "", {"|There are no messages in here.|"}},
+        {"email", "", {"|There are no mails in here.|"}},
+        {"calendar",
+         "",
+         {"|No entry of this calendar has a date.|Agenda|There are no events in here.|To do|There is nothing to do in "
+          "here.|"}},
+        {"calendar",
+         R"({"fields": [{"type": 3000, "data": "", "number": 70001}], "operation": 4, "complete": 1})",
+         {"|No entry of this calendar has a date.|", "|Without a day|No date|No description|",
+          "|Completed|A date of this entry could not be read|Description, number|70001|Description|(empty)|", "|-1|"}},
+        {"calendar",
+         R"({"dtstart": 1e300}, {"dtend": "2008-03-01T11:30:00"}, {"itemType": 1})",
+         {"|Without a day|Out of range: 1.0000000000000001e+300|No description|", "|No date|No description|until ",
+          "|To do|Open|No description|"}},
+        {"calendar",
+         R"({"recurtype": 4, "recurday": 23, "recurmonth": 5, "dtstart": "1949-05-23T00:00:00"},
+            {"recurtype": 4, "recurday": 1, "recurmonth": 2, "dtstart": "1950-02-01T00:00:00"},
+            {"dtstart": "2008-03-01T11:30:00"})",
+         {"|Agenda|March 2008|1|Sat|", "|Every year|1|Feb 1950|", "|23|May 1949|"}},
+        {"calendar",
+         R"({"itemType": 1, "dtstart": "2010-07-26T00:00:00", "complete": 1},
+            {"itemType": 0, "dtstart": "2010-07-26T00:00:00", "dtend": "2010-07-28T00:00:00"},
+            {"itemType": 0, "dtstart": "2010-07-26T06:00:00", "dtend": 1e300},
+            {"itemType": 0, "dtstart": "2010-07-26T06:00:00", "dtend": "2010-07-26T06:00:00"})",
+         {"|26|Mon|, Monday, 26 July 2010|No description|All day – 28 July 2010|No description|06:00 – "
+          "1.0000000000000001e+300|No description|06:00|",
+          "|To do|Done|No description|due 26 July 2010|"}},
+        {"email",
+         R"({}, {"type": 2, "sensitivity": 1}, {"type": 1, "from": "\"Lee, Ann\" <a@b>", "sent": 1e300,
+            "sensitivity": 4}, {"box": "A"}, {"box": "A", "subject": "s"})",
+         {"|A| |2|U|Unknown|(no subject)|U|Unknown|s|No box| |1|U|Unknown|", "|Lee, Ann|", "|Outbox| |1|NY|Nobody yet|",
+          "|Sensitivity|normal|", "|Sensitivity: confidential|", "|Sent|1.0000000000000001e+300|",
+          "|This mail has no text.|"}},
+        {"sms",
+         R"({"phonenumber": "+491715550001", "name": "Bo", "time": "2008-03-17 18:04:12"},
+            {"phonenumber": "+491715550001", "name": "Robert", "time": "2008-03-17 19:04:12", "content": "c"},
+            {"phonenumber": "01715550001", "time": "2008-03-18 18:04:12", "name": "Rob"},
+            {"listtype": 77, "phonenumber": "+", "time": "2008"})",
+         {"|Rob|18 Mar 2008|", "|Monday, 17 March 2008|Bo|", "|No text|", "|Robert|", "|Tuesday, 18 March 2008|Rob|",
+          "|No date|", "|Box 77|"}},
+        {"sms", many, {"|101 messages|"}},
+        {"contacts",
+         R"({"fields": [{"type": 2000, "data": "PO 1;Back;Way 1;Town;Region;123;Land"},
+            {"type": 5, "data": "", "groups": [{"id": 7, "name": ""}]}, {"type": 4003, "data": "1965-03-14"}]},
+            {"fields": [{"type": 5, "data": "B"}, {"type": 2010, "data": "Street"}, {"type": 2012, "data": "Town"},
+            {"type": 2014, "data": "9"}]}, {"fields": [{"type": 5, "data": "C"}, {"type": 2000, "data": "a;b;c"}]})",
+         {"|Work address|Street\n9 Town|", "|Home address|a\nb\nc|", "|group 7|",
+          "|Home address|PO 1\nBack\nWay 1\n123 Town\nRegion\nLand|", "|Birthday|14 March 1965|", "|(empty)|"}},
+    };
+    for (const auto& each : kCases) {
+        SCOPED_TRACE(each.records.substr(0, 200));
+        folder.Put("in.json",
+                   R"({"orvale": 1, "kind": ")" + std::string(each.kind) + R"(", "records": [)" + each.records + "]}");
+        ASSERT_EQ(RunOrvale(folder, "convert --force in.json out.html").exitCode, 0);
+        EXPECT_EQ(MarkupBeyondTemplate(folder.Get("out.html")), "");
+        for (const char* const words : each.words)
+            EXPECT_THAT(WordsOf(folder.Get("out.html")), HasSubstr(words));
+    }
 }
 
 // The hashes are of what the browser sees: the text between the tags.

@@ -57,6 +57,10 @@ TEST(ShowTest, AContactIsABlock) {
     EXPECT_EQ(RunOrvale(folder, "show in.json").output, expected);
     const std::string coloured = RunOrvale(folder, "show --color=always in.json").output;
     EXPECT_EQ(coloured.substr(0, 15), "\033[1mAnn Lee\033[0m");
+    EXPECT_EQ(RunOrvale(folder, "show --color=never in.json").output, expected);
+    EXPECT_EQ(RunOrvale(folder, "show --profile-only in.json").output, "no profile\n");
+    folder.Put("in.json", R"({"orvale": 1, "kind": "sms", "records": [{"content": "\u009b\u202e é"}]})");
+    EXPECT_NE(RunOrvale(folder, "show --json in.json").output.find(R"("\u009b\u202e é")"), std::string::npos);
 }
 
 TEST(ShowTest, ATableForSpreadsheets) {
@@ -81,6 +85,13 @@ TEST(ShowTest, ATableForSpreadsheets) {
          "storageid,status,listtype,phonenumber,content,time,name,smstype\r\n0,0,0,＋1,－2,＠3,,0\r\n",
          "storageid,status,listtype,phonenumber,content,time,name,smstype\r\n0,0,0,'＋1,'－2,'＠3,,0\r\n"},
         {R"({"orvale": 1, "kind": "contacts", "records": []})", "storage\r\n", "storage\r\n"},
+        {R"({"orvale": 1, "kind": "email", "records": [{"from": "a@b", "accessory": ["a.jpg", "=b"]}]})",
+         "type,box,device,status,account,folder,from,to,cc,bcc,subject,body,received,sent,accessory,importance,symbol,"
+         "sensitivity,entryid\r\n0,,0,0,,,a@b,,,,,,,,a.jpg; =b,EMAIL_IMPORTANCE_NONE,EMAIL_SYMBOL_NONE,"
+         "EMAIL_SENSITIVTY_NONE,\r\n",
+         "type,box,device,status,account,folder,from,to,cc,bcc,subject,body,received,sent,accessory,importance,symbol,"
+         "sensitivity,entryid\r\n0,,0,0,,,a@b,,,,,,,,a.jpg; =b,EMAIL_IMPORTANCE_NONE,EMAIL_SYMBOL_NONE,"
+         "EMAIL_SENSITIVTY_NONE,\r\n"},
     };
     for (const auto& each : kCases) {
         folder.Put("in.json", each.document);

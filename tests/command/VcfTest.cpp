@@ -143,6 +143,16 @@ const Habit kHabits[] = {
      Card("FN:A\r\nADR;TYPE=HOME:;;One;;;;\r\nADR;TYPE=HOME:;;Two;;;;\r\nADR:;;Three;Town;;;\r\nADR;TYPE=WORK:;;"
           "Four\r\n"),
      "5 A\n2002 One\n2032 Two\n4000 Three, Town\n2010 Four\n"},
+    {"Base64OfEveryKindOfSign", Card("FN;ENCODING=B:Pz8/Pj4+YWJj TVla\r\n"), "5 \?\?\?>>>abcMYZ\n"},
+    {"WhatIsNoValue",
+     Card("FN:A\r\nN:Doe;J\r\nN:Roe;R\r\nADR:;;;;;;\r\nCATEGORIES:\r\nCATEGORIES: , x,\r\nORG:\r\n"
+          "BDAY:1965-03-14T00:00:00Z\r\nBDAY:1965-03-14T08:00:00\r\nX-ORVALE-FIELD;X-ORVALE-ID=x:y\r\n"
+          "X-ORVALE-EXTRA:1;2;3\r\nX-ORVALE-EXTRA:5;0;3;text\r\nX-ORVALE-GROUP:5;9;3;text\r\n"),
+     "5 A\n2 Doe\n1 J\n  group 1 x\n4003 19650314\n4003 1965-03-14T08:00:00\nlost N behind the first: 1, line 5\n"
+     "lost X-ORVALE-EXTRA: 1, line 13\nlost X-ORVALE-FIELD: 1, line 12\n"},
+    {"ControlsInParameters",
+     Card("FN:A\r\nADR;TYPE=home;LABEL=\"a^nb^^c^'d^x\":;;Way 1\r\nNOTE;CHARSET=X-NONE:b\r\n", "4.0"),
+     "5 A\n4007 a|b^c\"d^x\n2002 Way 1\n3002 b\nlost values in a charset that isn't known: 1, line 5\n"},
     {"CardWithoutItsEndBeforeTheNext",
      "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:A\r\n" + Card("FN:B\r\n") + "\xEF\xBB\xBF" + Card("FN:C\r\n") +
          "BEGIN:VCARD\r\nFN:D\r\nX-A:1\r\n",
@@ -196,6 +206,15 @@ TEST_F(VcfTest, LineEndsAndEncodingsOfTheFileDontMatter) {
         EXPECT_EQ(Told(folder, "a.vcf"), told + std::to_string(each.brokenAt) + "\n");
         EXPECT_THAT(Run("info --json a.vcf").output, HasSubstr("\"format\": \"vcf\""));
     }
+}
+
+// Without a charset of their own, values that are no UTF-8 are in the code page of the work.
+TEST_F(VcfTest, AValueIsInTheCodePageUnlessItIsUtf8) {
+    folder.Put("a.vcf", Card("FN:M\xFCller\r\nADR;TYPE=home:;;Stra\xDF"
+                             "e;K\xF6ln\r\nNOTE:Grüße\r\n"));
+    const std::string shown = Run("show --codepage 1252 a.vcf").output;
+    for (const char* const text : {"Müller\n", "Straße\n", "Köln\n", "Grüße\n"})
+        EXPECT_THAT(shown, HasSubstr(text));
 }
 
 TEST_F(VcfTest, AFileCutAnywhereGivesItsWholeCards) {
