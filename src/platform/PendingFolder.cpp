@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <string>
+#include <utility>
 
 #include "platform/Folder.h"
 #include "platform/Unfinished.h"
@@ -28,8 +29,8 @@ PendingFolder::PendingFolder(const fs::path& target)
     RemoveLeftovers(target_.native());
     constexpr int kMostNames = 100;
     for (int i = 0; i < kMostNames && path_.empty(); ++i) {
-        const fs::path path = UnfinishedName(target_.native());
-        if (fs::create_directory(path)) path_ = path;
+        fs::path path = UnfinishedName(target_.native());
+        if (fs::create_directory(path)) path_ = std::move(path);  // a copy could fail, and leave the folder behind
     }
 }
 
