@@ -254,7 +254,9 @@ class MessageReader {
 void TakeAsText(CEmailItem& email, std::string_view message, std::size_t line, NoteTally& notes) {
     if (message.ends_with('\n')) message.remove_suffix(1);  // the mailbox's
     std::size_t replaced = 0;
-    email.body = WithLineEnds(FromUtf8(message, &replaced));
+    std::u16string text = FromUtf8(message, &replaced);
+    std::erase(text, u'\0');  // no text of a record goes on behind one
+    email.body = WithLineEnds(text);
     notes.Add("bytes that are no UTF-8", line, replaced);
     notes.Add("messages without a head, which became texts", line, message.empty() ? 0 : 1);
 }
