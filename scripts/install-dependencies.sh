@@ -17,7 +17,7 @@ packages=(
 )
 case "$#:${1-}" in
     0:) ;;
-    1:--checks) packages+=(clang libclang-rt-14-dev clang-format) ;;
+    1:--checks) packages+=(clang libclang-rt-14-dev clang-format clang-tidy cppcheck) ;;
     1:--packaging) packages+=(dpkg-dev lintian) ;;
     1:--comparison)
         packages+=(libpugixml-dev libcsv-dev jq abook gammu php-cli php-sabre-vobject)

@@ -41,7 +41,7 @@ std::u16string WithLineEnds(std::u16string_view text) {
     std::u16string lines;
     lines.reserve(text.size());
     std::size_t from = 0;
-    for (std::size_t feed = text.find(u'\n'); feed != text.npos; feed = text.find(u'\n', from)) {
+    for (std::size_t feed = text.find(u'\n'); feed != std::u16string_view::npos; feed = text.find(u'\n', from)) {
         const bool isWhole = feed != 0 && text[feed - 1] == u'\r';
         lines.append(text.substr(from, feed - from)).append(isWhole ? u"\n" : u"\r\n");
         from = feed + 1;

@@ -1,7 +1,8 @@
 // The way out of MboxMessage.h: a message of an email.
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <cstdio>
-#include <cstring>
 
 #include "command/exchange/GMimeLibrary.h"
 #include "command/exchange/MailNames.h"
@@ -36,8 +37,9 @@ std::string HeadText(std::u16string_view text) {
 bool IsMessageId(std::u16string_view text) {
     constexpr std::u16string_view kMarks = u"!#$%&'*+-/=?^_`{|}~.@";
     const std::size_t at = text.find(u'@');
-    return at != std::u16string_view::npos && at != 0 && at + 1 < text.size() && text.find(u'@', at + 1) == text.npos &&
-           text.size() < 250 && std::all_of(text.begin(), text.end(), [&](char16_t c) {
+    return at != std::u16string_view::npos && at != 0 && at + 1 < text.size() &&
+           text.find(u'@', at + 1) == std::u16string_view::npos && text.size() < 250 &&
+           std::all_of(text.begin(), text.end(), [&](char16_t c) {
                return (c >= u'0' && c <= u'9') || (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') ||
                       kMarks.find(c) != std::u16string_view::npos;
            });
@@ -82,7 +84,7 @@ std::string OwnLines(const CEmailItem& email, const CEmailItem& told) {
     for (const DateRow& row : kDates) {
         const double value = (email.*row.member).Value();
         const double toldValue = (told.*row.member).Value();
-        if (std::memcmp(&value, &toldValue, sizeof value) == 0) continue;
+        if (std::bit_cast<std::uint64_t>(value) == std::bit_cast<std::uint64_t>(toldValue)) continue;
         char number[32];
         std::snprintf(number, sizeof number, "%.17g", value);
         lines += OwnLine(row.own, number);

@@ -237,7 +237,7 @@ SharedProfile ReadProfile(const Json& value, Kind kind, std::string_view file, s
     if (!value.is_object()) FailFile(file, place, "expected an object or null");
     switch (kind) {
         case Kind::kContacts:
-            if (value.contains("columns")) return ReadColumns(value, file, std::move(place));
+            if (value.contains("columns")) return ReadColumns(value, file, place);
             return Read<CPhonebookProfile>(value, file, std::move(place));
         case Kind::kCalendar:
             return Read<CCalendarProfile>(value, file, std::move(place));
