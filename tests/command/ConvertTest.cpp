@@ -150,6 +150,12 @@ TEST_F(ConvertTest, NothingOfACardGoesInSilence) {
               "orvale: a.qzs: lost: lines that belong to no value, which were dropped: 1, first in in.vcf, line 4\n");
 }
 
+TEST_F(ConvertTest, ALossOfSeveralFilesIsToldOnce) {
+    for (const char* const name : {"1.vcf", "2.vcf"})
+        folder.Put(name, "BEGIN:VCARD\r\nVERSION:3.0\r\nFN:A\r\nX-A:b\r\nEND:VCARD\r\n");
+    EXPECT_EQ(Run("convert 1.vcf 2.vcf a.qzs").errors, "orvale: a.qzs: lost: X-A: 2, first in 1.vcf, line 4\n");
+}
+
 TEST_F(ConvertTest, AValueThatEndsItsCardIsALoss) {
     folder.Put("in.json", Document(Contact("0", Field(5, "Ann") + "," + Field(105, "1\\r\\nEND:VCARD"))));
     const Outcome out = Run("convert in.json a.vcf");

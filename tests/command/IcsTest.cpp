@@ -60,7 +60,7 @@ TEST_F(IcsTest, WhatAPhoneHoldsComesBack) {
         R"("itemType": 0, "complete": 1, "priority": 0, "category": 14, "secret": 1)",
         R"("itemType": 0, "dtstart": "2010-07-26T06:00:00", "dtend": "2010-07-26T06:00:00", "remindermin": 15)",
         R"("itemType": 0, "dtstart": "2010-07-26T06:00:00", "dtend": "2010-07-25T06:00:00", "remindermin": -90)",
-        R"("itemType": 0, "dtstart": 40385.2500000001, "dtend": 40386.0000001, "ringid": -4, "ring": "Ann's, \"x\"; y")",
+        R"("itemType": 0, "dtstart": 40385.12345678901, "dtend": 40386.0000001, "ringid": -4, "ring": "Ann's, \"x\"; y")",
         R"("itemType": 0, "vibration": 1, "duration": 60, "reserve1": 1, "reserve2": -2, "operation": 4)",
         R"("fields": [{"type": 3000, "data": "a"}, {"type": 3012, "data": "+49;,1"}, {"type": 3000, "data": "b"},
                       {"type": 3012, "data": "2", "number": 5}, {"type": 3003, "data": "Café, 山田; \\n 😀"}])",

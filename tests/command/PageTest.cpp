@@ -12,6 +12,7 @@
 namespace orvale::test {
 namespace {
 
+using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
@@ -219,8 +220,24 @@ TEST(PageTest, EverythingThatARecordSaysStandsInThePage) {
         EXPECT_THAT(page, HasSubstr(std::to_string(80000 + type.id))) << type.name;
     }
     for (const char* const part : {"2008-02-29", "10:00 – 1 March 2008, 11:30", "Hi\nthere", "2008-03-17T18:04:12",
-                                   "Monday, 17 March 2008, 07:02:11", "0x100"})
+                                   "Monday, 17 March 2008, 07:02:11", "0x100", "Assistant"})
         EXPECT_THAT(page, HasSubstr(part));
+}
+
+// A card says once what its title or the line below it says.
+TEST(PageTest, ACardDoesNotSayItsNameTwice) {
+    CContactItem contact;
+    for (const auto& [type, text] :
+         {std::pair(CF_FULL_NAME, u"Dr Ann Lee"), {CF_GIVEN_NAME, u"Ann"}, {CF_FAMILY_NAME, u"Leeds"}}) {
+        CContactField field;
+        field.Type = type;
+        field.Data = text;
+        contact.AddField(field);
+    }
+    const std::string page = PageOf([&](Page& all) { all.Put(contact); });
+    const std::string quiet = "<div class=\"x\"><dt><span>";  // beside the phone's own numbers
+    EXPECT_THAT(page, HasSubstr(quiet + "Given name"));
+    EXPECT_THAT(page, AllOf(HasSubstr("Family name"), Not(HasSubstr(quiet + "Family name"))));
 }
 
 // The threads of a page: a title with its messages, in the page's order.

@@ -175,7 +175,7 @@ std::string Replaced(std::string text, const std::string& from, const std::strin
 }
 
 TEST_F(VcfTest, LineEndsAndEncodingsOfTheFileDontMatter) {
-    const std::string file = Card("FN:Jürgen 😀\r\nNOTE:a\r\n b\r\nX-A:1\r\n") + Card("FN:B\r\n") + "BEGIN:VCARD\r\n";
+    const std::string file = Card("FN:Jürgen 😀\r\nNOTE:a\r\n b\r\nx-a:1\r\n") + Card("FN:B\r\n") + "BEGIN:VCARD\r\n";
     const std::string told = "5 Jürgen 😀\n3002 ab\n\n5 B\nlost X-A: 1, line 6\nbroken at ";
     const auto wide = [&](bool little, std::string bytes) {
         for (const char16_t unit : FromUtf8(file)) {
@@ -365,6 +365,7 @@ TEST_F(VcfTest, AVCardIsTheModulesWhereItsReaderTakesEveryLine) {
         {Card("NOTE:M\xFCller\r\n", "2.1"), "vcard"},
         {"x\r\n" + plain, "vcf"},
         {plain + "x\r\n", "vcf"},
+        {"BEGIN:VCARD \t\r\nVERSION:3.0\r\nFN:A\r\nEND:VCARD\r\n", "vcf"},
         {plain + Card("FN:A\r\n", "3.0"), "vcf"},
         {Card("TEL;VOICE;CELL:1\r\n", "2.1"), "vcf"},
         {Card("NOTE;ENCODING=QUOTED-PRINTABLE:a=\r\nFN:b\r\n", "2.1"), "vcf"},

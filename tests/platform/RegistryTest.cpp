@@ -44,6 +44,7 @@ TEST_F(RegistryTest, ReadsANumber) {
         {kKeyLine + kName + "=dword:\r\n", std::nullopt},
         {kKeyLine + kName + "=\"2\"\r\n", std::nullopt},
         {kName + "=dword:2\r\n", std::nullopt},
+        {"[HKEY_CURRENT_USER\\Log)\r\n" + kName + "=dword:2\r\n", std::nullopt},
         {"[HKEY_CURRENT_USER\\Log\\More]\r\n" + kName + "=dword:2\r\n", std::nullopt},
         {kKeyLine + "\"x.so\"=dword:2\r\n;" + kName + "=dword:2\r\n\"/opt/a=dword:2\r\n", std::nullopt},
         {kKeyLine + "\"x\"=dword:1\r\n[Other]\r\n" + kName + "=dword:1\r\n" + kKeyLine + kName + "=dword:3\r\n", 3}};
