@@ -120,7 +120,7 @@ check_mention() {  # PLACE TEXT
             build/*/*' '*) check_command "$place" "$text" ;;
         'info -'* | 'show -'* | 'view -'* | 'diff -'* | 'convert -'*) check_command "$place" "orvale $text" ;;
         -D*=O*) read -ra words <<<"$text"; check_words "$place" "${words[@]}" ;;
-        --*)
+        --[[:lower:]]*)
             mentioned=$((mentioned + 1))
             grep -qE -e "(^|[^-a-z])${text%%[ =]*}([^-a-z]|$)" <<<"$options" ||
                 fail "$place" "nothing has the option $text" ;;
