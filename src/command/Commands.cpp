@@ -99,7 +99,7 @@ ExitCode RunCommand(const Arguments& typed) {
         case Verb::kLog:
             return LogCommand(PathOfModule(typed.module), word);
         case Verb::kHelp:
-            std::cout << (word.empty() ? OverviewText() : VerbText(VerbOfWord(word)));
+            std::cout << (typed.files.empty() ? OverviewText() : VerbText(VerbOfWord(word)));
             return ExitCode::kDone;
         case Verb::kVersion:
             return TellVersion(typed.module);

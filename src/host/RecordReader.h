@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "host/Flatten.h"
 #include "host/RecordFile.h"

@@ -48,14 +48,14 @@ std::int32_t CCALFile::WriteFileHeader() {
     });
 }
 
-void* CCALFile::BeginRecord() {
+void CCALFile::BeginRecord(void** record) {
+    *record = &item_;
     item_.Clear();
-    return &item_;
 }
 
 void CCALFile::ReadRecord() {
     std::int32_t category = 0;
-    orvale::RecordReader reader(*this);
+    orvale::LayoutReader reader(*this);
     orvale::VisitCalendar(reader, item_, category);
     if (item_.HasCategory()) item_.category = category;
     LogCategory(category);
@@ -64,7 +64,7 @@ void CCALFile::ReadRecord() {
 void CCALFile::WriteRecord(const void* record) {
     const auto& item = *static_cast<const CCalendarItem*>(record);
     const std::int32_t category = item.HasCategory() ? item.category : 0;
-    orvale::RecordWriter writer(*this);
+    orvale::LayoutWriter writer(*this);
     orvale::VisitCalendar(writer, item, category);
     LogCategory(category);
 }

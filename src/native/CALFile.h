@@ -14,7 +14,7 @@ class CCALFile : public orvale::NativeFile {
     std::int32_t WriteFileHeader() override;
 
  private:
-    void* BeginRecord() override;
+    void BeginRecord(void** record) override;
     void ReadRecord() override;
     void WriteRecord(const void* record) override;
 

@@ -31,13 +31,13 @@ void CEMLFile::Close() {
     CloseStream();
 }
 
-void* CEMLFile::BeginRecord() {
+void CEMLFile::BeginRecord(void** record) {
+    *record = &email_;
     email_.Reset();
-    return &email_;
 }
 
 void CEMLFile::ReadRecord() {
-    orvale::RecordReader reader(*this);
+    orvale::LayoutReader reader(*this);
     orvale::VisitEmail(reader, email_);
     orvale::LogEmail(&email_);
 }
@@ -45,6 +45,6 @@ void CEMLFile::ReadRecord() {
 void CEMLFile::WriteRecord(const void* record) {
     const auto& email = *static_cast<const CEmailItem*>(record);
     orvale::LogEmail(&email);
-    orvale::RecordWriter writer(*this);
+    orvale::LayoutWriter writer(*this);
     orvale::VisitEmail(writer, email);
 }

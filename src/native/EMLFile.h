@@ -12,7 +12,7 @@ class CEMLFile : public orvale::NativeFile {
     void Close() override;
 
  private:
-    void* BeginRecord() override;
+    void BeginRecord(void** record) override;
     void ReadRecord() override;
     void WriteRecord(const void* record) override;
 

@@ -53,7 +53,7 @@ std::int32_t NativeFile::Verify() {
 std::int32_t NativeFile::Read(void** record) {
     return Operation(*this, format_.read).Run([&] {
         Require(IsOpened() && record != nullptr);
-        *record = BeginRecord();
+        BeginRecord(record);
         ReadRecord();
     });
 }

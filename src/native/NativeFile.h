@@ -39,8 +39,8 @@ class NativeFile : public CFileObject {
 
     // What a record is, called by Read and Write with a file open; each throws where it fails.
 
-    /// Clears the object's record and gives its address.
-    virtual void* BeginRecord() = 0;
+    /// Gives the address of the object's record, which stays given where what follows fails, then clears the record.
+    virtual void BeginRecord(void** record) = 0;
     /// Fills the record that BeginRecord cleared, and logs it.
     virtual void ReadRecord() = 0;
     /// Logs and writes a record of the host's.

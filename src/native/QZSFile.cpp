@@ -31,13 +31,13 @@ void CQZSFile::Close() {
     CloseStream();
 }
 
-void* CQZSFile::BeginRecord() {
+void CQZSFile::BeginRecord(void** record) {
+    *record = &contact_;
     stock_.Clear(contact_);
-    return &contact_;
 }
 
 void CQZSFile::ReadRecord() {
-    orvale::RecordReader reader(*this, &stock_);
+    orvale::LayoutReader reader(*this, &stock_);
     orvale::VisitContact(reader, contact_, [](std::int32_t storage) {
         orvale::LogFormat(u"ORVALE - CQZSFile::Read : Location[%d]\r\n", storage);
     });
@@ -47,6 +47,6 @@ void CQZSFile::ReadRecord() {
 void CQZSFile::WriteRecord(const void* record) {
     const auto& contact = *static_cast<const CContactItem*>(record);
     orvale::LogContact(&contact);
-    orvale::RecordWriter writer(*this);
+    orvale::LayoutWriter writer(*this);
     orvale::VisitContact(writer, contact, [](std::int32_t) {});
 }

@@ -13,7 +13,7 @@ class CQZSFile : public orvale::NativeFile {
     void Close() override;
 
  private:
-    void* BeginRecord() override;
+    void BeginRecord(void** record) override;
     void ReadRecord() override;
     void WriteRecord(const void* record) override;
 

@@ -25,10 +25,10 @@ namespace orvale {
 enum class NullEntries { kCounted, kLeftOut };
 
 /// Reads what a Visit function names. Where a primitive fails, the operation does; what was read before stays.
-class RecordReader {
+class LayoutReader {
  public:
     /// With a stock, contact fields are taken from it.
-    explicit RecordReader(CFileObject& file, FieldStock* stock = nullptr) : file_(file), stock_(stock) {}
+    explicit LayoutReader(CFileObject& file, FieldStock* stock = nullptr) : file_(file), stock_(stock) {}
 
     void Int(std::int32_t& value) { Require(file_.ReadInt(&value) != 0); }
     void Long(std::int32_t& value) { Require(file_.ReadLong(&value) != 0); }
@@ -88,9 +88,9 @@ class RecordReader {
 };
 
 /// Writes what a Visit function names.
-class RecordWriter {
+class LayoutWriter {
  public:
-    explicit RecordWriter(CFileObject& file) : file_(file) {}
+    explicit LayoutWriter(CFileObject& file) : file_(file) {}
 
     void Int(const std::int32_t& value) { file_.WriteInt(&value); }
     void Long(const std::int32_t& value) { file_.WriteLong(&value); }

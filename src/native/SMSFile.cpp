@@ -65,10 +65,10 @@ std::int32_t CSMSFile::ReadFileHeader() {
     });
 }
 
-void* CSMSFile::BeginRecord() {
+void CSMSFile::BeginRecord(void** record) {
     Require(!AtEnd());
+    *record = &sms_;
     sms_.Reset();
-    return &sms_;
 }
 
 void CSMSFile::ReadRecord() {
@@ -80,7 +80,7 @@ void CSMSFile::ReadRecord() {
 void CSMSFile::WriteRecord(const void* record) {
     const auto& sms = *static_cast<const CSMSItem*>(record);
     orvale::LogSms(&sms);
-    orvale::RecordWriter writer(*this);
+    orvale::LayoutWriter writer(*this);
     orvale::VisitSms(writer, sms);
 }
 

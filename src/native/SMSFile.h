@@ -6,7 +6,7 @@
 /// The native SMS file: a header of 14 bytes with the flag "<QZ-SMS>" and the version 101 but no date, then messages
 /// (see VisitSms). Its strings are unlike those of the other native files: the length counts bytes, and one that is to
 /// be read back has at most 4094 of them. A message that the file cuts short is handed out, with 0 and empty texts from
-/// the cut on; Read fails at the end of the file alone, and then without having touched `*record`.
+/// the cut on: of damage Read tells nothing. Behind the last message it fails without having touched `*record`.
 class CSMSFile : public orvale::NativeFile {
  public:
     static constexpr std::int32_t kMostStringBytes = 4094;
@@ -27,7 +27,7 @@ class CSMSFile : public orvale::NativeFile {
     void WriteString(const std::u16string* text) override;
 
  private:
-    void* BeginRecord() override;
+    void BeginRecord(void** record) override;
     void ReadRecord() override;
     void WriteRecord(const void* record) override;
     void SkipText(std::uint32_t bytes);

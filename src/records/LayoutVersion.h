@@ -11,9 +11,8 @@ class LayoutVersion {
  public:
     LayoutVersion() = default;
     LayoutVersion(const LayoutVersion&) {}  // NOLINT(modernize-use-equals-default)
-    LayoutVersion& operator=(const LayoutVersion&) {
-        return *this;
-    }  // NOLINT(bugprone-unhandled-self-assignment,modernize-use-equals-default)
+    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment,modernize-use-equals-default)
+    LayoutVersion& operator=(const LayoutVersion&) { return *this; }
 
     LayoutVersion& operator=(std::int32_t number) {
         number_ = number;

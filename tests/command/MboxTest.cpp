@@ -159,6 +159,7 @@ TEST_F(MboxTest, TextThatLooksLikeABeginIsText) {
         {"From z", "X-Mailer: x", "null"},
         {"From here on it is text", "and so is this", ""},
         {"From here on: Mon Mar 77 06:02:11 2008", "Note: text", ""},
+        {"From Bob, Mon Mar 17 10:00am, 2008", "", ""},
         {"From Monday Mar 17 06:02:11 2008 on", "", ""},
         {"From ", "", ""},
         {"From:", "Subject: x", ""},

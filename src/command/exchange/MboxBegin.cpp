@@ -63,8 +63,9 @@ std::optional<int> NumberOf(std::string_view digits) {
 
 // "06:02:11" or "06:02".
 bool TakeTime(std::string_view word, CalendarFields& fields) {
-    const std::string_view seconds = word.size() == 8 && word[5] == ':' ? word.substr(6) : "00";
-    if ((word.size() != 5 && word.size() != 8) || word[2] != ':') return false;
+    if (word.size() != 5 && (word.size() != 8 || word[5] != ':')) return false;
+    if (word[2] != ':') return false;
+    const std::string_view seconds = word.size() == 8 ? word.substr(6) : "00";
     const auto hour = NumberOf(word.substr(0, 2));
     const auto minute = NumberOf(word.substr(3, 2));
     const auto second = NumberOf(seconds);

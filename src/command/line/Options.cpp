@@ -83,9 +83,8 @@ constexpr OptionRow kOptions[] = {
      .repeats = true,
      .verbs = Set({Verb::kShow, Verb::kView, Verb::kDiff, Verb::kConvert}),
      .help = "a phone's profile or the columns of a CSV file, as JSON; once for each side",
-     .more = "The file is a JSON document of show --json, or its profile alone; its shape tells the formats that it is "
-             "for. "
-             "Without one the profile of the input counts, then a plain one that convert makes.",
+     .more = "The file is a JSON document of show --json, or its profile alone; its shape tells which "
+             "formats it is for. Without one the profile of the input counts, then a plain one that convert makes.",
      .take = [](Arguments& a, const std::string& word) { a.profiles.push_back(word); }},
     {.name = "--with-passwords",
      .verbs = Set({Verb::kShow, Verb::kConvert}),

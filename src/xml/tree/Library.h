@@ -8,9 +8,9 @@
 #include <new>
 #include <string>
 
-/// The tree that stands behind CXMLDocument is the XML library's. This folder is the only place that knows the library:
-/// what each use of it needs (here), the nodes and texts of a tree (Nodes.h), and a tree from bytes and back
-/// (Parsing.h, Saving.h).
+/// The tree that stands behind CXMLDocument is the XML library's. Only this folder and
+/// XMLDocument.cpp know the library: what each use of it needs (here), the nodes and texts of a tree (Nodes.h), and a
+/// tree from bytes and back (Parsing.h, Saving.h).
 namespace orvale::tree {
 
 struct FreeDocument {
