@@ -352,6 +352,13 @@ TEST_F(VcfTest, DaysAndGendersKeepTheirForm) {
     }
 }
 
+std::string InWideUnits(std::string_view ascii) {
+    std::string wide;
+    for (const char c : ascii)
+        wide += {c, '\0'};
+    return wide;
+}
+
 // The module's reader keeps the files whose every line it takes.
 TEST_F(VcfTest, AVCardIsTheModulesWhereItsReaderTakesEveryLine) {
     const std::string plain = Card("N:A;B\r\nTEL;CELL:1\r\ntel;home;voice:2\r\nREV:x\r\n", "2.1") + "\r\n";
@@ -365,7 +372,7 @@ TEST_F(VcfTest, AVCardIsTheModulesWhereItsReaderTakesEveryLine) {
         {Card("NOTE:M\xFCller\r\n", "2.1"), "vcard"},
         {"x\r\n" + plain, "vcf"},
         {plain + "x\r\n", "vcf"},
-        {"BEGIN:VCARD \t\r\nVERSION:3.0\r\nFN:A\r\nEND:VCARD\r\n", "vcf"},
+        {InWideUnits("BEGIN:VCARD \t\r\nVERSION:3.0\r\nFN:A\r\nEND:VCARD\r\n"), "vcf"},
         {plain + Card("FN:A\r\n", "3.0"), "vcf"},
         {Card("TEL;VOICE;CELL:1\r\n", "2.1"), "vcf"},
         {Card("NOTE;ENCODING=QUOTED-PRINTABLE:a=\r\nFN:b\r\n", "2.1"), "vcf"},
