@@ -35,7 +35,7 @@ const std::map<std::string, std::set<std::string>> kRoomMayInclude = {
     {"json", {"console", "formats"}},
     {"exchange", {"console", "formats", "scan"}},
     {"html", {"formats", "json", "show"}},
-    {"files", {"console", "formats", "scan", "show", "json"}},
+    {"files", {"console", "formats", "scan", "json"}},
     {"verbs", {"console", "formats", "show", "json", "html", "files"}},
     {"line", {"console", "formats"}},
 };

@@ -5,7 +5,6 @@
 #include <string_view>
 
 #include "command/scan/ColumnScan.h"
-#include "command/show/Wording.h"
 #include "platform/Format.h"
 #include "platform/Text.h"
 
@@ -25,7 +24,7 @@ std::optional<std::int32_t> TypeOfNumberedCaption(std::u16string_view caption) {
 }  // namespace
 
 std::u16string CaptionOf(std::int32_t type) {
-    return FindContactFieldType(type) != nullptr ? Widen(ContactFieldCaption(type)) : Format(u"Type %d", type);
+    return FindContactFieldType(type) != nullptr ? FromUtf8(ContactFieldCaption(type)) : Format(u"Type %d", type);
 }
 
 void AddColumn(CCSVProfile& profile, std::int32_t type) {

@@ -251,7 +251,7 @@ void CalendarSection::WriteAgenda(std::ostream& out, const std::vector<std::size
             orvale::Write(out, pieces.Make("agenda-month-begin", {{"key", key}, {"name", HeadingOf(entry)}}));
         }
         if (!sameDay && day) {
-            const std::u16string weekday = Widen(kWeekdays[DayOfWeek(*day)].caption).substr(0, 3);
+            const std::u16string weekday = FromUtf8(kWeekdays[DayOfWeek(*day)].caption).substr(0, 3);
             const std::u16string since = Format(u"%s %d", MonthName(day->month).substr(0, 3), day->year);
             orvale::Write(out,
                           pieces.Make("agenda-day-begin", {{"date", IsoDay(*day)},

@@ -32,7 +32,7 @@ std::u16string PartyOf(const CEmailItem& email) {
 
 std::u16string BoxOf(const CEmailItem& email) {
     if (!email.box.empty()) return email.box;
-    return email.type == 0 ? u"No box" : Widen(Capitalised(ValueCaption(kEmailBoxTypes, email.type)));
+    return email.type == 0 ? u"No box" : FromUtf8(Capitalised(ValueCaption(kEmailBoxTypes, email.type)));
 }
 
 std::u16string MomentText(const DateValue& date) {
@@ -66,9 +66,9 @@ Markup HeadRows(const CEmailItem& email) {
     row("bcc", email.bcc);
     if (!email.sent.IsNone()) row("sent", MomentText(email.sent));
     if (!email.received.IsNone()) row("received", MomentText(email.received));
-    rows.AddQuiet("box", email.box + Widen(", box type " + std::to_string(email.type)));
-    if (email.status != 0) rows.AddQuiet("status", Widen(FlagsCaption(kEmailStatus, email.status)));
-    if (email.device != 0) rows.AddQuiet("storage", Widen(ValueCaption(kEmailDevices, email.device)));
+    rows.AddQuiet("box", email.box + FromUtf8(", box type " + std::to_string(email.type)));
+    if (email.status != 0) rows.AddQuiet("status", FromUtf8(FlagsCaption(kEmailStatus, email.status)));
+    if (email.device != 0) rows.AddQuiet("storage", FromUtf8(ValueCaption(kEmailDevices, email.device)));
     if (!email.account.empty()) rows.AddQuiet("account", email.account);
     if (email.importance == EMAIL_IMPORTANCE_NORMAL) rows.AddQuiet("importance", u"normal");
     if (email.sensitivity == EMAIL_SENSITIVTY_NORMAL) rows.AddQuiet("sensitivity", u"normal");

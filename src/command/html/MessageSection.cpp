@@ -176,7 +176,7 @@ void MessageSection::WriteThread(std::ostream& out, const Thread& thread, std::s
     for (std::size_t i = 0; i < thread.numbers.size(); ++i)
         if (thread.numbers[i] != thread.title) pieces.Add(below, "thread-number", {{"number", thread.numbers[i]}});
     const std::size_t count = thread.messages.size();
-    below += TextMarkup(pieces, Widen(CountText(count) + (count == 1 ? " message" : " messages")));
+    below += TextMarkup(pieces, FromUtf8(CountText(count) + (count == 1 ? " message" : " messages")));
     orvale::Write(out, pieces.Make("thread-begin", {{"number", number},
                                                     {"colour", ColourOf(thread.title)},
                                                     {"initials", Avatar(thread.title)},

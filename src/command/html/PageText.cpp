@@ -214,7 +214,7 @@ void Rows::AddQuiet(std::string_view what, std::u16string_view value) {
 }
 
 void Rows::AddQuiet(std::string_view what, std::int64_t number) {
-    AddQuiet(what, Widen(std::to_string(number)));
+    AddQuiet(what, FromUtf8(std::to_string(number)));
 }
 
 // Digits and a plus in front, with what is written between them left out: "*" and "#" begin a phone's service codes.

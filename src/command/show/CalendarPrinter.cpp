@@ -45,9 +45,9 @@ void PrintRows(Screen& screen, const CCalendarItem& item, const CCalendarField* 
     if (item.recurtype != RECURS_NONE) screen.Row("repeats", RecurrenceText(item));
     if (item.remindermin != 0) screen.Row("alarm", AlarmText(item));
     if (item.priority != CAL_TASK_PRIORITY_NORMAL)
-        screen.Row("priority", Widen(ValueCaption(kTaskPriorities, item.priority)));
+        screen.Row("priority", FromUtf8(ValueCaption(kTaskPriorities, item.priority)));
     if (item.category != CATE_MISCELLANEOUS)
-        screen.Row("category", Widen(ValueCaption(kCalendarCategories, item.category)));
+        screen.Row("category", FromUtf8(ValueCaption(kCalendarCategories, item.category)));
     if (item.secret != 0) screen.Row("secret", u"yes");
     if (!item.ring.empty() || item.ringid != 0) screen.Row("ring tone", Format(u"%s (%d)", item.ring, item.ringid));
     if (item.vibration != 0) screen.Row("vibration", u"yes");

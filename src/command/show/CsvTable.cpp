@@ -26,7 +26,7 @@ std::u16string DateCell(const DateValue& date) {
         return Format(u"%04d-%02d-%02d %02d:%02d:%02d", f->year, f->month, f->day, f->hour, f->minute, f->second);
     char number[32];
     std::snprintf(number, sizeof number, "%.17g", date.Value());
-    return Widen(number);
+    return FromUtf8(number);
 }
 
 // Gathers what a record says once, its names and its cells; its lists of values are looked at apart.
@@ -41,7 +41,7 @@ class Cells {
     void UInt(const char* name, std::uint32_t member, std::uint32_t) { UInt(name, member); }
     void NamedInt(const char* name, std::int32_t member, NameOfNumber nameOf) {
         const std::string word = nameOf(member);
-        Add(name, word.empty() ? Format(u"%d", member) : Widen(word));
+        Add(name, word.empty() ? Format(u"%d", member) : FromUtf8(word));
     }
     void Date(const char* name, const DateValue& member) { Add(name, DateCell(member)); }
     void Text(const char* name, const std::u16string& member) { Add(name, member); }
@@ -59,7 +59,7 @@ class Cells {
 
  private:
     void Add(const char* name, std::u16string cell) {
-        names.push_back(Widen(name));
+        names.push_back(FromUtf8(name));
         cells.push_back(std::move(cell));
     }
 };
@@ -135,7 +135,7 @@ void CsvTable::PutHead() {
     VisitValues(cells, std::as_const(*std::make_unique<Record>()));
     std::vector<std::u16string>& row = cells.names;
     for (const auto& [type, count] : columns_) {
-        const std::u16string caption = Widen(CaptionOf(static_cast<const Record*>(nullptr), type));
+        const std::u16string caption = FromUtf8(CaptionOf(static_cast<const Record*>(nullptr), type));
         for (std::size_t i = 1; i <= count; ++i)
             row.push_back(i == 1 ? caption : caption + Format(u" (%d)", i));
     }
@@ -154,7 +154,7 @@ void CsvTable::Put(const Record& record) {
     std::u16string groups;
     std::u16string extras;
     ForEachField(record, [&](const auto& field) {
-        const std::u16string caption = Widen(CaptionOf(&record, field.Type));
+        const std::u16string caption = FromUtf8(CaptionOf(&record, field.Type));
         if (const std::u16string each = GroupsOf(field); !each.empty()) Join(groups, each);
         if (const std::u16string each = ExtrasOf(field); !each.empty()) Join(extras, caption + u": " + each);
         const auto column = columns_.find(field.Type);

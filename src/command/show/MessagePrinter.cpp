@@ -16,13 +16,13 @@ void RecordPrinter<CSMSItem>::Print(const CSMSItem& sms) {
     screen_.Put(fits ? Screen::Fit(sms.time, kTimeWidth) : Visible(sms.time), Screen::Style::kQuiet);
     screen_.Put(" ");
     const NamedValue* const box = FindValue(kSmsBoxTypes, sms.listtype);
-    screen_.Put(Screen::Fit(box != nullptr ? Widen(box->caption) : Format(u"box %d", sms.listtype), 11),
+    screen_.Put(Screen::Fit(box != nullptr ? FromUtf8(box->caption) : Format(u"box %d", sms.listtype), 11),
                 Screen::Style::kLabel);
     screen_.Put(" ");
     screen_.Put(OtherParty(sms), Screen::Style::kTitle);
     std::u16string marks;
     if (sms.status != 0) marks += Format(u"  status %d", sms.status);
-    if (sms.storageid != 0) marks += u"  " + Widen(ValueCaption(kSmsStorages, sms.storageid));
+    if (sms.storageid != 0) marks += u"  " + FromUtf8(ValueCaption(kSmsStorages, sms.storageid));
     if (sms.smstype != 0) marks += Format(u"  type %d", sms.smstype);
     screen_.Put(marks, Screen::Style::kQuiet);
     screen_.EndLine();
@@ -45,15 +45,15 @@ void RecordPrinter<CEmailItem>::Print(const CEmailItem& email) {
     if (!email.sent.IsNone()) row("sent", DateText(email.sent));
     if (!email.received.IsNone()) row("received", DateText(email.received));
     std::u16string box = email.box;
-    if (email.type != 0) box += (box.empty() ? u"" : u", ") + Widen(ValueCaption(kEmailBoxTypes, email.type));
+    if (email.type != 0) box += (box.empty() ? u"" : u", ") + FromUtf8(ValueCaption(kEmailBoxTypes, email.type));
     if (!email.folder.empty()) box += (box.empty() ? u"" : u", ") + email.folder;
     row("box", box);
-    if (email.status != 0) row("status", Widen(FlagsCaption(kEmailStatus, email.status)));
-    if (email.device != 0) row("storage", Widen(ValueCaption(kEmailDevices, email.device)));
+    if (email.status != 0) row("status", FromUtf8(FlagsCaption(kEmailStatus, email.status)));
+    if (email.device != 0) row("storage", FromUtf8(ValueCaption(kEmailDevices, email.device)));
     row("account", email.account);
-    if (email.importance != 0) row("importance", Widen(ValueCaption(kEmailImportances, email.importance)));
-    if (email.symbol != 0) row("flag", Widen(ValueCaption(kEmailSymbols, email.symbol)));
-    if (email.sensitivity != 0) row("sensitivity", Widen(ValueCaption(kEmailSensitivities, email.sensitivity)));
+    if (email.importance != 0) row("importance", FromUtf8(ValueCaption(kEmailImportances, email.importance)));
+    if (email.symbol != 0) row("flag", FromUtf8(ValueCaption(kEmailSymbols, email.symbol)));
+    if (email.sensitivity != 0) row("sensitivity", FromUtf8(ValueCaption(kEmailSensitivities, email.sensitivity)));
     row("attachments", Joined(email.accessory));
     row("identifier", email.entryid);
     if (email.body.empty()) return;

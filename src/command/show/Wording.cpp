@@ -20,14 +20,10 @@ std::u16string Every(std::int32_t interval, std::u16string_view unit) {
 
 std::u16string WeekdaysText(std::int32_t mask) {
     if (mask == kWorkdays) return u"workdays";
-    return Widen(FlagsCaption(kWeekdays, mask));
+    return FromUtf8(FlagsCaption(kWeekdays, mask));
 }
 
 }  // namespace
-
-std::u16string Widen(std::string_view ascii) {
-    return {ascii.begin(), ascii.end()};
-}
 
 std::u16string MonthName(int month) {
     return month >= 1 && month <= 12 ? std::u16string(kMonths[month - 1]) : Format(u"month %d", month);
@@ -35,7 +31,7 @@ std::u16string MonthName(int month) {
 
 std::u16string DayText(const CalendarFields& f) {
     const std::string_view weekday = kWeekdays[DayOfWeek(f)].caption;
-    return Format(u"%s, %d %s %d", Widen(weekday), f.day, MonthName(f.month), f.year);
+    return Format(u"%s, %d %s %d", FromUtf8(weekday), f.day, MonthName(f.month), f.year);
 }
 
 std::optional<CalendarFields> FieldsOf(const DateValue& date) {
@@ -77,7 +73,7 @@ std::u16string RecurrenceText(const CCalendarItem& item) {
             break;
         default:
             text =
-                Widen(ValueCaption(kRecurrences, item.recurtype)) +
+                FromUtf8(ValueCaption(kRecurrences, item.recurtype)) +
                 Format(u" (day %d, month %d, instance %d, weekday %d, weekdays %d, interval %d)", item.recurday,
                        item.recurmonth, item.recurinstance, item.recurweekday, item.recurweekmask, item.recurinterval);
             break;

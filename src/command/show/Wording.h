@@ -9,9 +9,6 @@ namespace orvale {
 
 /// How a person is told what a record says: what the listing and the page have in common.
 
-/// Text of our own words, which are ASCII.
-std::u16string Widen(std::string_view ascii);
-
 /// "March"; "month 13" for what is no month.
 std::u16string MonthName(int month);
 
