@@ -203,7 +203,7 @@ void CCDXMLFile::ReadConfig(NodeHandle node, std::int32_t type) {
     CCalendarConfig config;
     config.type = type;
     config.config = orvale::ToNumber(Document().GetText(number));
-    profile_.configSet.AddConfig(config);
+    Require(profile_.configSet.AddConfig(config) != 0, "no memory");
 }
 
 std::int32_t CCDXMLFile::Read(void** record) {
