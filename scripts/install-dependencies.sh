@@ -12,6 +12,7 @@ packages=(
     libcli11-dev nlohmann-json3-dev libmd-dev  # the command
     libical-dev libgmime-3.0-dev           # its calendars and mailboxes
     libgtest-dev libgmock-dev tzdata       # the tests, some of which work in named time zones
+    python3-cram                           # those of them that are transcripts of a terminal
     python3-icalendar python3-vobject      # other programs that the tests hold calendars against
     libbenchmark-dev                       # the benchmarks
 )
