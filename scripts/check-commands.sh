@@ -104,7 +104,7 @@ check_command() {  # PLACE COMMAND
         case ${words[0]-} in
             orvale) check_orvale "$place" "${words[@]:1}" ;;
             scripts/* | bench/* | tests/* | .ci/* | build/*) check_program "$place" "${words[@]}" ;;
-            cmake | ctest | c++ | apt | gcovr | man | unzip | iconv | '') ;;
+            cmake | ctest | cram3 | c++ | apt | gcovr | man | unzip | iconv | '') ;;
             *) fail "$place" "nobody knows the command ${words[0]}" ;;
         esac
         check_words "$place" "${words[@]:1}"
