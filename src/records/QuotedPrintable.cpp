@@ -22,7 +22,7 @@ bool HasAny(std::u16string_view text, Test test) {
     return found != 0;
 }
 
-bool HasPair(std::u16string_view text) {
+bool HasDoubledEquals(std::u16string_view text) {
     while (!text.empty()) {
         TakeToken(text, u"=");
         if (text.starts_with(u'=')) return true;
@@ -67,7 +67,8 @@ bool NeedsDecoding(std::u16string_view text, const TextConverter& converter) {
 
 std::string QuotedPrintableBytes(std::u16string_view text, TextConverter& converter) {
     // What is decoded takes the place of what it was decoded from.
-    std::string bytes = HasPair(text) ? converter.ToNarrow(Replace(text, u"==", u"=")) : converter.ToNarrow(text);
+    std::string bytes =
+        HasDoubledEquals(text) ? converter.ToNarrow(Replace(text, u"==", u"=")) : converter.ToNarrow(text);
     auto code = std::find(bytes.begin(), bytes.end(), '=');
     auto to = code;
     while (bytes.end() - code > 2) {  // there is no code without both its digits

@@ -23,7 +23,6 @@ class CVCardFile : public CFileObject {
     CVCardFile();
     ~CVCardFile() override;
 
-    using CFileObject::Open;
     using CFileObject::Read;
     using CFileObject::Write;
     void Close() override;

@@ -172,8 +172,8 @@ void CMLXMLFile::SetProfile(const void* profile) {
 
 std::int32_t CMLXMLFile::Verify() {
     std::int32_t code = VERIFY_OK;
-    constexpr unsigned kLines = Operation::kBegin | Operation::kSucceeded | Operation::kFailed;
-    Operation(*this, u"ORVALE - CMLXMLFile::Verify", kLines).Run([&] {
+    constexpr unsigned kWords = Operation::kBegin | Operation::kSucceeded | Operation::kFailed;
+    Operation(*this, u"ORVALE - CMLXMLFile::Verify", kWords).Run([&] {
         code = SuiteFile::Verify();
         Require(code == VERIFY_OK);
     });
@@ -220,8 +220,8 @@ std::int32_t CMLXMLFile::ReadXMLAccountProfile(NodeHandle node) {
 }
 
 std::int32_t CMLXMLFile::ReadXMLAccountBoxProfile(NodeHandle node, CEmailAccount& account) {
-    constexpr unsigned kLines = Operation::kBegin | Operation::kFinish;  // the outcome stands in small letters here
-    Operation operation(*this, u"ORVALE - CMLXMLFile::ReadXMLAccountBoxProfile", kLines);
+    constexpr unsigned kWords = Operation::kBegin | Operation::kFinish;  // the outcome stands in small letters here
+    Operation operation(*this, u"ORVALE - CMLXMLFile::ReadXMLAccountBoxProfile", kWords);
     const std::int32_t result = operation.Run([&] {
         auto box = std::make_unique<CEmailBox>();
         TakeElements(Document(), node, kBox, *box, [&](NodeHandle child) {
@@ -260,8 +260,8 @@ std::int32_t CMLXMLFile::Read(void** record) {
 }
 
 std::int32_t CMLXMLFile::ReadEmail(CEmailItem& email, NodeHandle node) {
-    constexpr unsigned kLines = Operation::kBegin | Operation::kSucceeded | Operation::kFailed;
-    return Operation(*this, u"ORVALE - CMLXMLFile::ReadEmail", kLines).Run([&] {
+    constexpr unsigned kWords = Operation::kBegin | Operation::kSucceeded | Operation::kFailed;
+    return Operation(*this, u"ORVALE - CMLXMLFile::ReadEmail", kWords).Run([&] {
         const auto addFile = [&](NodeHandle file) { email.accessory.push_back(Document().GetText(file)); };
         const auto take = [&](NodeHandle child, const EmailElement& row) {
             std::visit(Overloaded{[&](auto member) { orvale::FromText(Document().GetText(child), email.*member); },

@@ -174,8 +174,8 @@ std::int32_t CSMSXMLFile::Read(void** record) {
 }
 
 std::int32_t CSMSXMLFile::ReadSMSItem(CSMSItem& sms, NodeHandle node) {
-    constexpr unsigned kLines = Operation::kSucceeded | Operation::kFailed | Operation::kFinish;
-    return Operation(*this, u"ORVALE - CSMSXMLFile::ReadSMSItem", kLines).Run([&] {
+    constexpr unsigned kWords = Operation::kSucceeded | Operation::kFailed | Operation::kFinish;
+    return Operation(*this, u"ORVALE - CSMSXMLFile::ReadSMSItem", kWords).Run([&] {
         TakeElements(Document(), RequireNode(node), kSms, sms);
     });
 }

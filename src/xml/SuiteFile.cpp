@@ -19,7 +19,7 @@ SuiteFile::SuiteFile(const SuiteNames& names, const OpenLines& openLines)
 }
 
 std::int32_t SuiteFile::Open(const char16_t* fileName, const std::uint32_t* openFlags) {
-    Operation operation(*this, openLines_.head, openLines_.lines);
+    Operation operation(*this, openLines_.head, openLines_.words);
     return operation.Run([&] { OpenDocument(operation, fileName, openFlags); });
 }
 

@@ -40,7 +40,7 @@ struct SuiteNames {
 /// The lines of Open. A step's line is empty in a class that has none for it.
 struct OpenLines {
     std::u16string_view head;
-    unsigned lines = Operation::kAll;
+    unsigned words = Operation::kAll;
     std::u16string_view notCreated = {};
     std::u16string_view notLoaded = {};
 };

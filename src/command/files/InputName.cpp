@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <system_error>
 
 #include "command/console/CommandError.h"
+#include "platform/Folder.h"
 
 namespace orvale {
 namespace {
@@ -51,6 +53,14 @@ bool NameComesBefore(const std::string& a, const std::string& b) {
     return a.size() - i != b.size() - j ? a.size() - i < b.size() - j : a < b;
 }
 
+std::vector<std::string> NamesOfFolder(const std::string& folder) {
+    try {
+        return NamesIn(folder);
+    } catch (const std::system_error& error) {
+        FailFile(folder, "", SystemReason(error.code()));
+    }
+}
+
 void ResolveFolder(const std::string& name, const std::string& formatName, std::vector<InputName>& inputs) {
     const FormatRow& format = formatName.empty() ? *FormatOfFolders() : FormatOfName(formatName);
     if (format.endRule != EndRule::kOneRecord) FailFile(name, "", "is a folder");
@@ -62,16 +72,12 @@ void ResolveFolder(const std::string& name, const std::string& formatName, std::
     };
     std::vector<std::string> files;
     std::vector<std::string> others;
-    std::error_code error;
-    for (std::filesystem::directory_iterator entry(name, error), end; !error && entry != end; entry.increment(error)) {
+    for (const std::string& each : NamesOfFolder(name)) {
+        const std::filesystem::path path = std::filesystem::path(name) / each;
         std::error_code ignored;
-        if (entry->path().filename().string().starts_with('.') || !entry->is_regular_file(ignored)) continue;
-        if (isOne(entry->path()))
-            files.push_back(entry->path().string());
-        else
-            others.push_back(entry->path().string());
+        if (each.starts_with('.') || !std::filesystem::is_regular_file(path, ignored)) continue;
+        (isOne(path) ? files : others).push_back(path.string());
     }
-    if (error) FailFile(name, "", error.message());
     if (files.empty()) FailFile(name, "", "is a folder without a file of the format " + std::string(format.name));
     for (const std::string& other : others)
         TellUser(ErrorLine(other, "", "passed over, for it is no file of the format " + std::string(format.name)));

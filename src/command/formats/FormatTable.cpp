@@ -20,50 +20,49 @@
 namespace orvale {
 namespace {
 
-[[maybe_unused]] constexpr OwnFormat kAbsentIcs{nullptr, nullptr, &ClaimsIcs};
-[[maybe_unused]] constexpr OwnFormat kAbsentMbox{nullptr, nullptr, &ClaimsMbox};
+// A format whose library this build goes without is told all the same.
+[[maybe_unused]] constexpr OwnFormat kAbsentIcs{.open = nullptr, .create = nullptr, .claims = &ClaimsIcs};
+[[maybe_unused]] constexpr OwnFormat kAbsentMbox{.open = nullptr, .create = nullptr, .claims = &ClaimsMbox};
 
 // The command's own formats, in the order in which they are asked whether a file is theirs.
 constexpr FormatRow kOwnFormats[] = {
-    {"json", std::nullopt, ".json", std::nullopt, true, EndRule::kNone, ProfileShape::kAny, &kJsonFormat},
-    {"vcf", Kind::kContacts, ".vcf", std::nullopt, true, EndRule::kNone, ProfileShape::kNone, &kVcfFormat},
+    {.name = "json", .extension = ".json", .profile = ProfileShape::kAny, .own = &kJsonFormat},
+    {.name = "vcf", .kind = Kind::kContacts, .extension = ".vcf", .own = &kVcfFormat},
 #if ORVALE_ICAL
-    {"ics", Kind::kCalendar, ".ics", std::nullopt, true, EndRule::kNone, ProfileShape::kNone, &kIcsFormat},
+    {.name = "ics", .kind = Kind::kCalendar, .extension = ".ics", .own = &kIcsFormat},
 #else
-    {"ics",
-     Kind::kCalendar,
-     ".ics",
-     std::nullopt,
-     false,
-     EndRule::kNone,
-     ProfileShape::kNone,
-     &kAbsentIcs,
-     {},
-     "libical"},
+    {.name = "ics",
+     .kind = Kind::kCalendar,
+     .extension = ".ics",
+     .writes = false,
+     .own = &kAbsentIcs,
+     .lacks = "libical"},
 #endif
 #if ORVALE_GMIME
-    {"mbox", Kind::kEmail, ".mbox", std::nullopt, true, EndRule::kNone, ProfileShape::kNone, &kMboxFormat},
+    {.name = "mbox", .kind = Kind::kEmail, .extension = ".mbox", .own = &kMboxFormat},
 #else
-    {"mbox",
-     Kind::kEmail,
-     ".mbox",
-     std::nullopt,
-     false,
-     EndRule::kNone,
-     ProfileShape::kNone,
-     &kAbsentMbox,
-     {},
-     "GMime"},
+    {.name = "mbox",
+     .kind = Kind::kEmail,
+     .extension = ".mbox",
+     .writes = false,
+     .own = &kAbsentMbox,
+     .lacks = "GMime"},
 #endif
-    {"html", std::nullopt, ".html", std::nullopt, true, EndRule::kNone, ProfileShape::kAny, &kHtmlFormat},
+    {.name = "html", .extension = ".html", .profile = ProfileShape::kAny, .own = &kHtmlFormat},
 };
 
 const std::vector<FormatRow>& Table() {
     static const std::vector<FormatRow> table = [] {
         std::vector<FormatRow> rows;
         for (const FormatInfo& info : AllFormats())
-            rows.push_back({info.name, info.kind, info.extension, info.format, info.writes, info.endRule, info.profile,
-                            nullptr, info.limit});
+            rows.push_back({.name = info.name,
+                            .kind = info.kind,
+                            .extension = info.extension,
+                            .type = info.format,
+                            .writes = info.writes,
+                            .endRule = info.endRule,
+                            .profile = info.profile,
+                            .limit = info.limit});
         rows.insert(rows.end(), std::begin(kOwnFormats), std::end(kOwnFormats));
         return rows;
     }();

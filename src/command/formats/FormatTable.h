@@ -36,15 +36,15 @@ struct OwnFormat {
 /// A format as the command works with it: the module's twelve and the command's own.
 struct FormatRow {
     std::string_view name;
-    std::optional<Kind> kind;  ///< none where a file of the format may hold any kind
+    std::optional<Kind> kind = std::nullopt;  ///< none where a file of the format may hold any kind
     std::string_view extension;
-    std::optional<FileFormat> type;  ///< none for a format of the command's own
-    bool writes;
-    EndRule endRule;
-    ProfileShape profile;            ///< what it takes; a file of columns is read by one as well
-    const OwnFormat* own = nullptr;  ///< null for one of the module's
-    std::string_view limit = {};     ///< what its reader takes at most and its writer doesn't look at; may be empty
-    std::string_view lacks = {};     ///< the library that it needs and this build goes without; empty if it has all
+    std::optional<FileFormat> type = std::nullopt;  ///< none for a format of the command's own
+    bool writes = true;
+    EndRule endRule = EndRule::kNone;
+    ProfileShape profile = ProfileShape::kNone;  ///< what it takes; a file of columns is read by one as well
+    const OwnFormat* own = nullptr;              ///< null for one of the module's
+    std::string_view limit = {};  ///< what its reader takes at most and its writer doesn't look at; may be empty
+    std::string_view lacks = {};  ///< the library that it needs and this build goes without; empty if it has all
 
     bool Reads() const { return own == nullptr || own->open != nullptr; }
 
