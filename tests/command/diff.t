@@ -180,6 +180,12 @@ What a reader lost or passed over isn't compared, and that is told; so is the en
     storage                 "1" only in b.xml
   contacts: 0 the same, 1 different
   [1]
+  $ lines 'full name,customer no' Ann,7 >a.csv
+  $ lines 'full name,customer no' Ann,8 >b.csv
+  $ orvale diff a.csv b.csv
+  orvale: not compared: values of column 'customer no', which nobody knows; --profile can tell its type, see orvale help show: 1, first in a.csv, line 2
+  orvale: not compared: values of column 'customer no', which nobody knows; --profile can tell its type, see orvale help show: 1, first in b.csv, line 2
+  contacts: 1 the same
   $ for file in contacts.qzs calendar.cal messages.sms mails.eml; do
   >   cp "$samples/$file" .
   >   head -c -1 $file >cut

@@ -65,12 +65,6 @@ void CopyToStandardOutput(const std::string& path) {
     if (!in) FailFile(kStandardOutput, "temporary file", "can't be read");
 }
 
-// What the reader of an input could not make out, up to where the input is whole.
-void AddScan(LossReport& report, const InputName& input, std::optional<std::uint64_t> brokenAt) {
-    for (const Note& note : ScanInput(input, brokenAt.value_or(UINT64_MAX)))
-        report.AddLoss(note.what, note.count, input.name + ", " + note.firstPlace);
-}
-
 // A reader of text puts the moment of reading in place of a date that it can't read, and marks the entry: the second
 // reading gives another moment, which is no difference.
 void Settle(DateValue& before, const DateValue& after) {
@@ -198,9 +192,7 @@ void GatherLosses(LossReport& report, const Conversion& work, const JoinedInputs
     if (inputs.PassedOver() != 0)
         report.AddLoss("records that could not be read and were passed over", inputs.PassedOver(),
                        inputs.PassedOverIn());
-    for (std::size_t i = 0; i < work.inputs.size(); ++i)
-        AddScan(report, work.inputs[i], inputs.BrokenAt()[i]);
-    for (const Note& note : inputs.Notes())
+    for (const Note& note : NotInRecords(work.inputs, inputs))
         report.AddLoss(note.what, note.count, note.firstPlace);
     for (const Note& note : output.Losses())
         report.AddLoss(note.what, note.count, note.firstPlace.empty() ? work.outputName : note.firstPlace);

@@ -7,6 +7,7 @@
 #include "command/console/Progress.h"
 #include "command/console/Screen.h"
 #include "command/files/Fingerprint.h"
+#include "command/files/InputScan.h"
 #include "command/files/JoinedInputs.h"
 #include "command/files/Profiles.h"
 #include "command/formats/Kinds.h"
@@ -84,7 +85,7 @@ std::vector<std::pair<Fingerprint, Place>> FingerprintsOf(const LoadedLibrary& l
         fingerprints.emplace_back(FingerprintOf(*record, buffer), fingerprints.size());
         progress.Tick(inputs.Count());
     }
-    for (const Note& note : inputs.Notes())
+    for (const Note& note : NotInRecords(names, inputs))
         TellUser(ErrorLine(
             "", "",
             "not compared: " + note.what + ": " + std::to_string(note.count) + ", first in " + note.firstPlace));
