@@ -13,9 +13,10 @@ if [[ ${1-} != --report ]]; then
     scripts/install-dependencies.sh
     scripts/install-dependencies.sh --coverage
     if command -v ccache >/dev/null; then export CMAKE_CXX_COMPILER_LAUNCHER=ccache; fi
-    rm -rf build/coverage  # what an earlier run counted, and objects of sources that are no more
+    rm -rf build/coverage  # with the counters of an earlier run, and objects of sources that are no more
     cmake --preset coverage --log-level=WARNING >/dev/null
     cmake --build --preset coverage
+    find build/coverage -name '*.gcda' -delete  # what programs of the build counted
     ctest --preset coverage --no-tests=error --parallel "$(nproc)"
 fi
 # Ways that the compiler makes for exceptions, and those in lines without code of ours, aren't branches of ours.

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Walks every fault of the fault tests, not only those that the test suite takes time for: each system call and each
-# allocation of each road fails, is interrupted, is cut short, or is the last one. Takes some 180 000 runs.
+# allocation of each road fails, is interrupted, is cut short, or is the last one. Takes some 170 000 runs.
 #
 #     scripts/faults.sh [--preset PRESET] [ROAD [TEST]]
 #
