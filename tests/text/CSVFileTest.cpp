@@ -5,6 +5,7 @@
 #include <sys/resource.h>
 
 #include "platform/Format.h"
+#include "support/Cases.h"
 #include "support/FileDriver.h"
 #include "support/LogLines.h"
 
@@ -45,30 +46,9 @@ std::string Bytes(std::size_t size) {
 }  // namespace
 
 TEST(CSVFile, ALineGivesItsFields) {
-    const std::pair<std::string, const char*> cases[] = {
-        {R"("Ann","555","red","n",)", "1=Ann|104=555|3002=n"},
-        {"Ann,555,red,n,one too many", "1=Ann|104=555|3002=n"},
-        {" \t", ""},
-        {R"(,"",,,)", "1="},                         // a name alone may be empty
-        {R"(" Ann "," 5 ",," ")", "1= Ann |104=5"},  // and keeps its blanks
-        {"  Ann , 5\t,", "1=Ann|104=5"},             // unless no quotes keep them
-        {R"("a,,b",,,"c,d")", "1=a,,b|3002=c,d"},    // commas within quotes
-        {R"("a""b","""",,"""c,""",)", "1=a\"b|104=\"|3002=\"c,\""},
-        {R"(a"b,c"d)", "1=a\"b|104=c\"d"},        // quotes that open nothing
-        {R"("a ,b","1 , 2")", "1=a,b|104=1, 2"},  // the first comma takes a blank along
-        {R"("a,b" ,5)", "1=\"a,b\" |104=5"},      // a blank behind the last quote spoils it
-        {R"("a,"5",,n)", "1=\"a|104=5|3002=n"},   // never closed
-        {R"("a,"5,6)", "1=\"a,\"5|104=6"},        // closed by another's quote
-        {R"(""",5)", "1=\"|104=5"},
-        {R"(")", "1=\r\n"},                 // both first and last, with a line end between
-        {R"(,")", "1="},                    // which no phone number has
-        {std::string("A\0B,5", 5), "1=A"},  // a zero ends the line
-        {"a\nb,1\r2", "1=a\nb|104=1\r2"},
-        {"Zo\xC3\xAB", "1=Zo\xC3\xAB"},
-    };
-    for (const auto& [line, values] : cases) {
-        EXPECT_THAT(ReadAll(" given,MOBILE ,Colour,Note\r\n" + line + "\r\n"), ElementsAre(values)) << line;
-        EXPECT_THAT(ReadAll("GIVEN,mobile,Colour,Note,\r\n" + line), ElementsAre(values)) << line;
+    for (const auto& each : Cases("csv.cases")) {
+        EXPECT_THAT(ReadAll(" given,MOBILE ,Colour,Note\r\n" + each[0] + "\r\n"), ElementsAre(each[1])) << each[0];
+        EXPECT_THAT(ReadAll("GIVEN,mobile,Colour,Note,\r\n" + each[0]), ElementsAre(each[1])) << each[0];
     }
     // Where a quote never closes, the comma at the end counts as taken with it.
     EXPECT_THAT(ReadAll("Given,Given\r\na,,\r\n\"a,,"), ElementsAre("1=a|1=", "1=\"a"));

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "support/Bytes.h"
+#include "support/Cases.h"
 #include "support/FileDriver.h"
 #include "support/LogLines.h"
 
@@ -46,26 +47,8 @@ std::vector<std::string> ReadRecords(const std::string& records) {
 }  // namespace
 
 TEST(SSYFile, ARecordGivesItsFieldsInMapOrder) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"Ann,Lee,,,,3,555:,", "2=Lee|1=Ann|113=555"},
-        {"Ann,Lee,no,no,X,:a@b,w.c", "4=X|2=Lee|1=Ann|1500=w.c|1000=a@b"},
-        {"A&44B,&45&44,,,&&445,:&45,&4", "4=&,5|2=:,|1=A,B|1500=&4|1000=:"},
-        {",,,,,0,&44&45:", "100=&44&45"},                             // no marks in pairs
-        {"Ann,,,,,0,1,0,2,20,Bea,25,x,0,:y,", "1=Bea|100=2|1000=y"},  // the later value, unless it is empty
-        {",,,,,0,a,1,b,2,c,3,d,4,e,5,f,6,g,7,h,8,i,9,j,10,k,11,l,12,m,13,n,14,o,15,p,16,q",
-         "111=p|106=m|110=l|108=k|104=j|103=h|102=g|101=c|100=a|"
-         "119=q|118=o|117=n|115=i|116=f|114=e|113=d|112=b"},
-        {",,,,,20,a,21,b,22,c,23,d,24,e,25,f,26,g", "5=e|4=d|3=c|2=b|1=a|1500=g|1000=f"},
-        {",,,,,17,a,27,b,-1,c, +9,d,8x,e,x,f", "100=f|104=d|115=e|-1=c"},
-        {",,,,,0,1,25,m,,w", "100=w|1000=m"},  // no colon: all the rest are pairs, and no number is 0
-        {"A,,,,,6,1,7:m,u,more", "1=A|102=1|1500=u|1000=m"},
-        {" Ann ", "1= Ann "},
-        {"a:b,c", "2=c|1=a:b"},
-        {",", ""},
-        {"Zo\xC3\xAB\r\n,", "1=Zo\xC3\xAB\r\n"},
-    };
-    for (const auto& [record, values] : cases)
-        EXPECT_THAT(ReadRecords(record + "\0"s), ElementsAre(values)) << record;
+    for (const auto& each : Cases("ssy.cases"))
+        EXPECT_THAT(ReadRecords(each[0] + "\0"s), ElementsAre(each[1])) << each[0];
 }
 
 TEST(SSYFile, ARecordEndsInAZeroWithin2048Bytes) {

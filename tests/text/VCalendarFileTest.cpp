@@ -5,6 +5,7 @@
 #include "platform/Clock.h"
 #include "platform/Format.h"
 #include "platform/Text.h"
+#include "support/Cases.h"
 #include "support/FileDriver.h"
 #include "support/Zone.h"
 
@@ -74,32 +75,9 @@ TEST_F(VCalendarFile, Heads) {
 
 TEST_F(VCalendarFile, Lines) {
     const orvale::StoppedClock clock(1280124015);
-    const std::pair<std::string, const char*> cases[] = {
-        {"BEGIN:VEVENT\r\nDTSTART:20100726T060015Z\r\nDTEND:20100727T060015Z\r\nPRIORITY:2\r\n",
-         "0 20100726-060015 20100727-060015 2 0"},
-        {"BEGIN:VTODO\r\n dtstart :20100726T060015Z\r\nTRANSP:1\r\nUID:x\r\n", "0 20100726-060015 - 1 0"},
-        {"DTSTART:\r\nDTEND:20100726\r\n", "-1 - 20100726-060015 1 4"},  // the moment of the reading
-        {"DTEND:20100230T000000Z\r\n", "-1 - -001-1-1--1-1-1 1 4"},
-        {"DTSTART;TZID=x:20100101T000000Z\r\n", "-1 - - 1 0"},
-        {"DTSTART:20100726T060015Z\r\nSUMMARY:x\r\n", "-1 20100726-060015 - 1 0"},
-        {"PRIORITY:-5x\r\n", "-1 - - -5 0"},
-        {"PRIORITY:x\r\n", "-1 - - 0 0"},
-        {"PRIORITY:\r\n", "-1 - - 1 0"},
-        {"SUMMARY;ENCODING=QUOTED-PRINTABLE:a=\r\nb\r\n", "-1 - - 1 0 3000[ab]"},
-        {"summary;encoding=quoted-printable:a=3D=\r\n  b:c=\r\n\r\nd=0A\r\n", "-1 - - 1 0 3000[a=  b:cd\n]"},
-        {"LOCATION;ENCODING=QUOTED-PRINTABLE:x:y;=C3=84\nz\r\n", "-1 - - 1 0 3003[x:y;\u00C4\nz]"},
-        {"DESCRIPTION;ENCODING=QUOTED-PRINTABLE:=\r\nmore\r\n", "-1 - - 1 0"},  // no value to be joined
-        {"SUMMARY;ENCODING=QUOTED-PRINTABLE:a\r\nDESCRIPTION;ENCODING=QUOTED-PRINTABLE:b\r\n",
-         "-1 - - 1 0 3000[a] 3002[b]"},
-        {"unknown\r\n:x\r\nPRIORITY:3\r\n", "-1 - - 3 0"},
-        {"END:VCALENDAR\r\nPRIORITY:4\r\n", "-1 - - 4 0"},  // not the end of the file
-        {"BEGIN:VEVENT\r\nPRIORITY:1\r\nEND:VEVENT\r\nBEGIN:VEVENT\r\nPRIORITY:2\r\n", "0 - - 2 0"},
-        {"PRIORITY:2\r\n" + std::string(1, '\0') + "PRIORITY:3\r\n", "-1 - - 2 0"},  // a zero ends the text
-        {"PRIORITY:2\r\n" + kTail + kHead + "DTEND:20100726T060015Z\r\n", "0 - 20100726-060015 2 0"},
-    };
-    for (const auto& [lines, item] : cases) {
-        EXPECT_EQ(ReadBack(kHead + lines + kTail), item) << lines;
-        EXPECT_EQ(ReadBack(kHead + lines), item) << "without an end: " << lines;
+    for (const auto& each : Cases("vcalendar.cases")) {
+        EXPECT_EQ(ReadBack(kHead + each[0] + kTail), each[1]) << each[0];
+        EXPECT_EQ(ReadBack(kHead + each[0]), each[1]) << "without an end: " << each[0];
     }
 }
 

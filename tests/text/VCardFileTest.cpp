@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/Cases.h"
 #include "support/FileDriver.h"
 #include "support/Memory.h"
 
@@ -43,42 +44,8 @@ class VCardReader : public testing::Test {
 }  // namespace
 
 TEST_F(VCardReader, LinesToValues) {
-    const std::string_view cases[][2] = {
-        {"", "5="},
-        {"N:Smith;John;Q;Dr;Jr\n", "2=Smith|1=John|3=Q|4010=Dr|4011=Jr"},
-        {"N:a;;;;e;f\n", "2=a|4011=e;f"},
-        {"N:;;;Dr\n", "4010=Dr|5="},  // a prefix is no name
-        {"TEL;CELL;VOICE:1\nNICKNAME:x\n", "104=1|4005=x|5="},
-        {"FN:A\nTEL;WORK;VOICE:1\nTEL;WORK;VOICE:2\nTEL;WORK;VOICE:3\n", "5=A|100=1|101=2|101=3"},
-        {"FN:A\nTEL;WORK;VOICE:\nTEL;WORK;VOICE:2\n", "5=A|101=2"},  // an empty one counts,
-        {"TEL;WORK;VOICE\nTEL;WORK;VOICE:2\nFN:A\n", "101=2|5=A"},   // without a colon too, where no line is before
-        {"FN:A\nEMAIL;INTERNET:1\nEMAIL;PREF;INTERNET:p\nEMAIL;INTERNET:2\nEMAIL;INTERNET:3\nEMAIL;PREF;INTERNET:q\n",
-         "5=A|1001=1|1000=p|1002=2|1003=3|1000=q"},
-        {"FN:A\ntel;cell;voice:1\n", "5=A|104=1"},
-        {"FN:A\nTEL;CELL;VOICE;PREF:2\n", "5=ATEL;CELL;VOICE;PREF:2"},
-        {"TEL;VOICE;WORK:2\n:x\nFN:A\n", "5=A"},              // unknown keys, and nothing to join
-        {"FN:A\nREV:1\nX-FOO:bar\n :x\n", "5=AX-FOO:bar:x"},  // REV leaves nothing that could be joined
-        {"FN:A\nNOTE:a\nVERSION:2.1\n", "5=A|3002=aVERSION:2.1"},
-        {"FN:A\nNOTE:a\nb\n\n c\n", "5=A|3002=abc"},  // folding adds no blank
-        {"FN:A\nNOTE:a\nand FN:B\n", "5=A|3002=aand FN:B"},
-        {"FN:A\nNOTE:a\nFN:B\n", "5=A|3002=a|5=B"},
-        {" FN : A : B \n", "5= A : B"},
-        {"FN:\nNOTE:x\n", "3002=x|5="},
-        {"FN:A\nADR;HOME:;;Main St;Town;Shire;123;Land\n",
-         "5=A|2000=;;Main St;Town;Shire;123;Land|2002=Main St|2004=Town|2005=Shire|2007=Shire|2006=123|2008=Land"},
-        {"FN:A\nADR;HOME:box;Flat 2;Main St\n", "5=A|2000=box;Flat 2;Main St|2002=Flat 2 Main St"},
-        {"FN:A\nADR;HOME:;Flat 2\n", "5=A|2000=;Flat 2|2002=Flat 2 "},
-        {"FN:A\nADR;WORK:;Flat 2;S;T;R;P;L;and;more\n",
-         "5=A|2001=;Flat 2;S;T;R;P;L;and;more|4012=Flat 2|2010=S|2012=T|"
-         "2013=R|2015=R|2014=P|2016=L;and;more"},
-        {"FN:A\nADR;POSTAL:;E;S;T;R;P;L\n", "5=A|2049=;E;S;T;R;P;L|2032=E S|2034=T|2035=R|2037=R|2036=P|2038=L"},
-        {"FN:A\nADR;HOME;ENCODING=QUOTED-PRINTABLE:;;a=3Bb;T\n", "5=A|2000=;;a;b;T|2002=a;b|2004=T"},  // split first
-        {"FN:A\nURL;WORK:x=41y\n", "5=A|1500=xAy"},                        // decoded under any key
-        {"FN:A\nNOTE;ENCODING=QUOTED-PRINTABLE:a=\n41\n", "5=A|3002=aA"},  // no soft line break
-        {"FN:=41\xC3\xA4=C3=A4\n", "5=A\xC3\xA4\xC3\xA4"},
-        {std::string_view("FN:A\0B\nTITLE:t\n", 15), "5=A|4035=t"}};  // a zero ends a line's text
-    for (const auto& [lines, values] : cases)
-        EXPECT_EQ(ReadAll(Card(lines)), Cards{std::string(values)}) << lines;
+    for (const auto& each : Cases("vcard-read.cases"))
+        EXPECT_EQ(ReadAll(Card(each[0])), Cards{each[1]}) << each[0];
 }
 
 TEST_F(VCardReader, EveryKey) {

@@ -44,45 +44,30 @@ TEST_F(MLXMLFile, EveryMemberHasItsElement) {
 }
 
 TEST_F(MLXMLFile, FragmentsComeOutAsTheirFirstLevel) {
-    struct Case {
-        const char16_t* fragment;
-        const char* written;
-        const char16_t* read;
-    };
-    const Case cases[] = {
-        {u"<a>1</a><b>2</b><a/>", "<a>1</a><b>2</b><a/>", u"<a>1</a><b>2</b><a></a>"},
-        {u"<a x='1'>1<c>2</c><!--no-->3</a>", "<a>123</a>", u"<a>123</a>"},
-        {u"<a>&lt;&#65;<![CDATA[&]]></a>", "<a>&lt;A&amp;</a>", u"<a><A&</a>"},
-        {u"<p:a>\u00E9\U0001F600</p:a>", "<p:a>\xC3\xA9</p:a>", u"<p:a>\u00E9</p:a>"},
-        {u"<a> </a>", "<a> </a>", u"<a> </a>"},
-        {u"text alone", "", u""},
-        {u"<a>1</a>&", "", u""},
-        {u"<a>1</a></account><account>", "", u""},
-        {u"<!DOCTYPE a><a/>", "", u""},
-    };
-    for (const Case& each : cases) {
+    for (const auto& each : Cases("email-fragments.cases")) {
+        const std::u16string fragment = orvale::FromUtf8(each[0]);
         CEmailProfile profile;
         profile.devices.push_back(nullptr);
         profile.accounts.push_back(nullptr);
         profile.accounts.push_back(std::make_unique<CEmailAccount>());
         profile.accounts[1]->boxes.push_back(nullptr);
         profile.accounts[1]->boxes.push_back(std::make_unique<CEmailBox>());
-        profile.accounts[1]->boxes[1]->subfolders = {each.fragment};
+        profile.accounts[1]->boxes[1]->subfolders = {fragment};
         CEmailItem email;
-        email.account = each.fragment;
+        email.account = fragment;
         const std::string text = Written(&profile, {&email});
         const auto elements = [&](const std::string& name, std::size_t from) {
             const std::size_t start = text.find("<" + name + ">", from) + name.size() + 2;
             return Without(Without(text.substr(start, text.find("</" + name + ">", start) - start), "\n"), "\t");
         };
-        EXPECT_EQ(elements("subfolder", 0), each.written);
-        EXPECT_EQ(elements("account", text.find("<emailentries>")), each.written);
+        EXPECT_EQ(elements("subfolder", 0), each[1]);
+        EXPECT_EQ(elements("account", text.find("<emailentries>")), each[1]);
         Driver file(path_);
         EXPECT_EQ(file->ReadFileHeader(), 1);
-        EXPECT_EQ(file.GetProfile()->accounts[0]->boxes[0]->subfolders, Texts{each.read});
+        EXPECT_EQ(file.GetProfile()->accounts[0]->boxes[0]->subfolders, Texts{orvale::FromUtf8(each[2])});
         const CEmailItem* const read = file.Next();
         ASSERT_NE(read, nullptr);
-        EXPECT_EQ(read->account, each.read);
+        EXPECT_EQ(orvale::ToUtf8(read->account), each[2]);
     }
 }
 

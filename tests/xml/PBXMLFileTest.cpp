@@ -108,34 +108,11 @@ TEST_F(PBXMLFile, ReadsWhatAPersonMayHaveWritten) {
 }
 
 TEST_F(PBXMLFile, ReadsAContactByItsDevice) {
-    struct Case {
-        const char* name;
-        const char* contact;
-        const char* read;
-    };
-    const Case cases[] = {
-        {"in any order", "<C01>n</C01><device>3</device><C00>g</C00><C01>n2</C01>", "3: 104=n 1=g 104=n2"},
-        {"no device", "<C00>g</C00>", "failed"},
-        {"device in another case", "<Device>3</Device><C00>g</C00>", "failed"},
-        {"the first device counts", "<device>3</device><device>4</device><C00>g</C00>", "3: 1=g"},
-        {"no number", "<device>x</device><C00>g</C00>", "0:"},
-        {"unknown device", "<device>9</device><C00>g</C00><group>7</group>", "9:"},
-        {"codes not spelled so", "<device>3</device><C0>a</C0><c00>b</c00><C000>c</C000><C-1>d</C-1><C99>e</C99>",
-         "3:"},
-        {"a code of three digits", "<device>4</device><C100>x</C100>", "4: 77=x"},
-        {"empty and blank data", "<device>3</device><C00/><C01> </C01>", "3: 1= 104= "},
-        {"data of several nodes", "<device>3</device><C00>a<!--no--><b>&amp;</b><![CDATA[<]]></C00>", "3: 1=a&<"},
-        {"groups", "<device>3</device><group>7</group><C00>g</C00><group>3,7</group><group>9</group><Group>1</Group>",
-         "3: 1=g[9][3Family][7Work]"},
-        {"the name by its type", "<device>3</device><C00/><C02>m</C02><group>3</group>", "3: 1=[3Family] 2=m"},
-        {"groups without a name", "<device>3</device><group>7</group><C01>n</C01>", "3: 104=n"},
-        {"a device without groups", "<device>4</device><group>7</group><C00>g</C00>", "4: 5=g"},
-        {"the first of two devices of an id", "<device>5</device><C00>g</C00>", "5: 1000=g"},
-    };
+    const auto cases = Cases("phonebook-contacts.cases");
     std::string contacts;
-    for (const Case& each : cases)
-        contacts += "<contact>" + std::string(each.contact) + "</contact>";
-    const auto types = [](const std::string& ids) { return "<typeset>" + ids + "</typeset>"; };
+    for (const auto& each : cases)
+        contacts += In("contact", each[1]);
+    const auto types = [](const std::string& ids) { return In("typeset", ids); };
     const std::string three = types("<x><id>1</id></x><x><id>104</id></x><x><id>2</id></x>");
     std::string many = "<x><id>5</id></x>";
     for (int i = 1; i < 100; ++i)
@@ -148,6 +125,6 @@ TEST_F(PBXMLFile, ReadsAContactByItsDevice) {
             "</device><device><id>5</id>" + three + "</device>",
         contacts));
     EXPECT_EQ(file->ReadFileHeader(), 1);
-    for (const Case& each : cases)
-        EXPECT_EQ(TextOf(file.Next()), each.read) << each.name;
+    for (const auto& each : cases)
+        EXPECT_EQ(TextOf(file.Next()), each[2]) << each[0];
 }

@@ -3,13 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
 #include <functional>
 #include <initializer_list>
-#include <iterator>
 #include <string>
 #include <vector>
 
+#include "support/Cases.h"
 #include "support/FileDriver.h"
 #include "support/LogLines.h"
 #include "support/ScratchFolder.h"
@@ -65,12 +64,6 @@ struct Suite<CMLXMLFile> {
 using Numbers = std::vector<std::int32_t>;
 using Unsigned = std::vector<std::uint32_t>;
 using Texts = std::vector<std::u16string>;
-
-inline std::string Data(const std::string& name) {
-    std::ifstream in(std::string(ORVALE_TEST_DATA "/") + name, std::ios::binary);
-    EXPECT_TRUE(in.is_open()) << name;
-    return {std::istreambuf_iterator<char>(in), {}};
-}
 
 inline std::string Replaced(std::string text, const std::string& from, const std::string& to) {
     const std::size_t found = text.find(from);
