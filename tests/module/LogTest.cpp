@@ -2,176 +2,161 @@
 #include <stdlib.h>
 
 #include <optional>
+#include <regex>
 
+#include "frame/RecordLog.h"
 #include "module/LoadedModule.h"
+#include "native/NativeSamples.h"
+#include "platform/Clock.h"
 #include "platform/Text.h"
-#include "support/Bytes.h"
-#include "support/Child.h"
+#include "support/Cases.h"
 #include "support/FileDriver.h"
+#include "support/LogLines.h"
 
 using namespace orvale::test;
 
 namespace {
 
-class Log : public testing::Test {
- protected:
-    Log() { std::filesystem::copy_file(ORVALE_MODULE, folder_ / "Orvale.so"); }
+// The lines with LF for CR LF and without what differs from run to run: addresses and the folder of files.
+std::string Plain(std::string lines, const std::string& folder = "") {
+    lines = std::regex_replace(lines, std::regex("0x[0-9A-F]{9,}|\r"), "");
+    for (std::size_t at = 0; !folder.empty() && (at = lines.find(folder, at)) != std::string::npos;)
+        lines.erase(at, folder.size());
+    return lines;
+}
 
-    /// Loads the module in a child process under a switch, does something with an object of it, and gives what went to
-    /// standard error.
-    std::string Run(
-        const std::optional<std::string>& value, FileType type,
-        const std::function<void(CFileInterface&)>& body = [](CFileInterface&) {}) const {
-        folder_.Put("user.reg", value ? LogRegistry(folder_ / "Orvale.so", *value) : "");
+// Each format has a name, its number and a file that it reads, with something broken where reading goes on to the end.
+struct Format {
+    const char* name;
+    FileType type;
+    std::string file;
+};
+
+const Format kFormats[] = {
+    {"qzs", 0, Contacts::kHeader + Contacts::kBytes + Contacts::kBytes.substr(0, 30)},
+    {"ssy", 1, std::string("SSY 1.0\0\0\0", 10) + std::string(30, '\0') + "2010-07-26" + Int32(4) + "Ann" + '\0' + "x"},
+    {"csv", 2, "Given,\r\n\"Ann\",\r\n"},
+    {"vcard", 3, "BEGIN:VCARD\r\nVERSION:2.1\r\nFN:A=42\r\nADR;HOME:;;a=3Bb\r\nEND:VCARD\r\nx"},
+    {"sms", 4, Sms::kHeader + Sms::kBytes + Sms::kBytes.substr(0, 30)},
+    {"cal", 5, Calendar::kHeader + Calendar::kBytes + Calendar::kBytes.substr(0, 30)},
+    {"vcalendar", 6,
+     "BEGIN:VCALENDAR\r\nVERSION:1.0\r\nDTSTART:20100726T060015Z\r\nLOCATION;ENCODING=QUOTED-PRINTABLE:a=3D\r\n"},
+    {"phonebook-xml", 7, Data("phonebook.xml")},
+    {"calendar-xml", 8, Data("calendar.xml")},
+    {"sms-xml", 9, Data("sms.xml")},
+    {"email-xml", 10, Data("email.xml")},
+    {"eml", 11, Email::kHeader + Email::kBytes + Email::kBytes.substr(0, 30)},
+};
+
+class FormatLog : public testing::TestWithParam<Format> {};
+
+INSTANTIATE_TEST_SUITE_P(Formats, FormatLog, testing::ValuesIn(kFormats),
+                         [](const auto& format) { return std::to_string(format.param.type); });
+
+}  // namespace
+
+TEST(Log, GoesWhereItsSwitchSays) {
+    const ScratchFolder folder;
+    std::filesystem::copy_file(ORVALE_MODULE, folder / "Orvale.so");
+    // Loads the module in a child process under a switch, and gives what went to standard error.
+    const auto run = [&](const std::optional<std::string>& value) {
+        folder.Put("user.reg", value ? LogRegistry(folder / "Orvale.so", *value) : "");
         const ChildResult result = InChild([&] {
-            setenv("ORVALE_REGISTRY", (folder_ / "user.reg").c_str(), 1);
-            const LoadedModule module(folder_ / "Orvale.so");
+            setenv("ORVALE_REGISTRY", (folder / "user.reg").c_str(), 1);
+            const LoadedModule module(folder / "Orvale.so");
             CFileInterface* object = nullptr;
+            const FileType type = 0;
             ASSERT_EQ(module.create(&object, &type), 1);
-            body(*object);
             EXPECT_EQ(module.release(&object), 1);
         });
         EXPECT_EQ(result.exitCode, 0) << result.errors;
         return result.errors;
-    }
-
-    const ScratchFolder folder_;
-    const std::u16string path_ = folder_.Name("file");
-};
-
-// The lines with LF for CR LF and without what differs from run to run: the numbers of objects, the folder, the day.
-std::string Plain(std::string lines, const std::string& folder) {
-    const auto cut = [&](std::string_view head, std::string_view digits) {
-        for (std::size_t at = 0; (at = lines.find(head, at)) != std::string::npos;) {
-            at += head.size();
-            lines.erase(at, lines.find_first_not_of(digits, at) - at);
-        }
     };
-    cut("[0x", "0123456789ABCDEF");
-    cut("Time[", "0123456789");
-    for (const std::string& gone : {folder, std::string("\r")})
-        for (std::size_t at = 0; (at = lines.find(gone, at)) != std::string::npos;)
-            lines.erase(at, gone.size());
-    return lines;
-}
-
-}  // namespace
-
-TEST_F(Log, GoesWhereItsSwitchSays) {
     const std::tuple<std::optional<std::string>, bool, bool> cases[] = {
         {std::nullopt, false, false}, {"0", false, false}, {"1", false, false}, {"80000008", false, false},
         {"2", true, false},           {"4", false, true},  {"6", true, true}};
     for (const auto& [value, toFile, toDebugger] : cases) {
-        std::filesystem::remove(folder_ / "Orvale.log");
-        const std::string errors = Run(value, 0);
-        EXPECT_EQ(errors.size() > 60, toDebugger) << value.value_or("none");
-        EXPECT_EQ(std::filesystem::exists(folder_ / "Orvale.log"), toFile) << value.value_or("none");
+        std::filesystem::remove(folder / "Orvale.log");
+        EXPECT_EQ(run(value).size() > 60, toDebugger) << value.value_or("none");
+        EXPECT_EQ(std::filesystem::exists(folder / "Orvale.log"), toFile) << value.value_or("none");
     }
     const std::string mark = "\xFF\xFE";
     for (const std::string& before : {std::string(), mark, mark + Units(u"old\r\n")}) {
-        folder_.Put("Orvale.log", before);
-        const std::string errors = Run("6", 0);
-        EXPECT_EQ(folder_.Get("Orvale.log"), (before.empty() ? mark : before) + Units(orvale::FromUtf8(errors)));
+        folder.Put("Orvale.log", before);
+        const std::string errors = run("6");
+        EXPECT_EQ(folder.Get("Orvale.log"), (before.empty() ? mark : before) + Units(orvale::FromUtf8(errors)));
     }
-    std::filesystem::remove(folder_ / "Orvale.log");
-    std::filesystem::create_directory(folder_ / "Orvale.log");
-    Run("2", 0);  // a log that can't be written disturbs nobody
+    std::filesystem::remove(folder / "Orvale.log");
+    std::filesystem::create_directory(folder / "Orvale.log");
+    run("2");  // a log that can't be written disturbs nobody
 }
 
-TEST_F(Log, LinesOfTheNativeFile) {
-    const std::string errors = Run("4", 0, [&](CFileInterface& file) {
-        CContactItem contact = ContactOf("5=\xC3\x84|100=b");
-        contact.Storage = 2;
-        contact.fields.push_back(nullptr);
-        const std::uint32_t flags = CFile::kCreateReadWrite;
-        EXPECT_EQ(file.Verify(), VERIFY_NOT_OPENED);
-        EXPECT_EQ(file.Open(path_.c_str(), &flags), 1);
-        EXPECT_EQ(file.Verify(), VERIFY_NOT_READ_HEADER);
-        EXPECT_EQ(file.WriteFileHeader() + file.Write(&contact) + file.ReadFileHeader(), 3);
-        EXPECT_EQ(file.Verify(), VERIFY_OK);
-        void* record = nullptr;
-        EXPECT_EQ(file.Read(&record) + file.Write(nullptr), 0);  // the null entry was counted
-        file.Seek(28, CFile::kBegin);
-        file.CFile::Write("\2", 1);  // the count as it should be
-        file.Seek(24, CFile::kBegin);
-        EXPECT_EQ(file.Read(&record), 1);
-        file.Close();
+// An object with a file that is missing, one of another format, its own, and a new one: what each call tells. The
+// record and the profile that go into the new one are what another object read.
+TEST_P(FormatLog, EachOperationHasItsLines) {
+    const Format& format = GetParam();
+    const orvale::StoppedClock clock(kDayOfWriting);
+    const ScratchFolder folder;
+    folder.Put("own", format.file);
+    folder.Put("source", format.file);
+    folder.Put("other", "<?xml version='1.0'?><other id='suite-other'>as long as any header</other>\n");
+    const CCSVProfile columns{{1}, {u"Given"}};
+    const std::uint32_t reads = CFile::kModeRead;
+    const std::uint32_t creates = CFile::kCreateReadWrite;
+    CFileInterface* source = nullptr;
+    const void* profile = nullptr;
+    void* record = nullptr;
+    ASSERT_EQ(CreateObject(&source, &format.type), 1);
+    if (format.type == 2) source->SetProfile(&columns);
+    source->Open(folder.Name("source").c_str(), &reads);
+    source->ReadFileHeader();
+    ASSERT_EQ(source->Read(&record), 1);
+    source->GetProfile(&profile);
+    const std::string log = Logged([&] {
+        CFileInterface* file = nullptr;
+        CreateObject(&file, &format.type);
+        if (format.type == 2) file->SetProfile(&columns);
+        for (const char* const name : {"missing", "other", "own"}) {
+            file->Open(folder.Name(name).c_str(), &reads);
+            file->Verify();
+            file->ReadFileHeader();
+            file->Verify();
+            void* read = nullptr;
+            while (file->Read(&read) != 0) {
+            }
+            file->Read(nullptr);
+            file->WriteFileHeader();
+            file->Write(record);
+        }
+        file->SetProfile(format.type == 2 ? &columns : profile);
+        file->Open(folder.Name("new").c_str(), &creates);
+        file->WriteFileHeader();
+        file->Write(record);
+        file->Write(nullptr);
+        file->Close();
+        file->Write(record);
+        ReleaseObject(&file);
     });
-    EXPECT_EQ(Plain(errors, folder_ / ""), R"(Orvale - CreateObject : QZSFile[0x]
-Orvale - CQZSFile::Verify : Not opened
-ORVALE - CQZSFile::Verify : Finish
-ORVALE - CQZSFile::Open : File Name[file]
-Orvale - CQZSFile::Verify : Not read fileheader
-ORVALE - CQZSFile::Verify : Finish
-ORVALE - CQZSFile::WriteFileHeader : Finish
-ORVALE - CQZSFile::Write : Begin
-Storage : 2  Memory Location : -1 Index : -1 Operation : None
-Type : 5  Data : Ä
-Type : 100  Data : b
-ORVALE - CQZSFile::Write : Succeeded
-ORVALE - CQZSFile::Write : Finish
-ORVALE - CQZSFile::ReadFileHeader : Begin
-Orvale - CQZSFile::ReadFileHeader : FileFlag[<QZ-QZS>]
-Orvale - CQZSFile::ReadFileHeader : Version[100]
-Orvale - CQZSFile::ReadFileHeader : Time[]
-ORVALE - CQZSFile::ReadFileHeader : Finish
-ORVALE - CQZSFile::Verify : Succeeded
-ORVALE - CQZSFile::Verify : Finish
-ORVALE - CQZSFile::Read : Begin
-ORVALE - CQZSFile::Read : Location[2]
-ORVALE - CQZSFile::Read : Failed
-ORVALE - CQZSFile::Read : Finish
-ORVALE - CQZSFile::Write : Begin
-ORVALE - CQZSFile::Write : Failed
-ORVALE - CQZSFile::Write : Finish
-ORVALE - CQZSFile::Read : Begin
-ORVALE - CQZSFile::Read : Location[2]
-Storage : 2  Memory Location : -1 Index : -1 Operation : None
-Type : 5  Data : Ä
-Type : 100  Data : b
-ORVALE - CQZSFile::Read : Succeeded
-ORVALE - CQZSFile::Read : Finish
-Orvale - ReleaseObject : Object[0x]
-)");
+    ReleaseObject(&source);
+    EXPECT_EQ(Plain(log, folder / ""), Data(format.name + std::string(".log")));
 }
 
-TEST_F(Log, LinesOfAVCard) {
-    folder_.Put("file", "BEGIN:VCARD\r\nVERSION:2.1\r\nFN:A=42\r\nADR;HOME:;;a=3Bb\r\nEND:VCARD\r\nx");
-    const std::string errors = Run("4", 3, [&](CFileInterface& file) {
-        const std::uint32_t flags = CFile::kModeRead;
-        void* record = nullptr;
-        EXPECT_EQ(file.Open(path_.c_str(), &flags), 1);
-        EXPECT_EQ(file.Verify(), VERIFY_OK);
-        EXPECT_EQ(file.Read(&record), 1);
-        EXPECT_EQ(file.Read(&record) + file.Read(nullptr), 0);
-        file.Close();
-        EXPECT_EQ(file.Write(nullptr), 0);
-        EXPECT_EQ(file.Verify(), VERIFY_NOT_OPENED);
+TEST(RecordLog, Dumps) {
+    const CCalendarItem item = Calendar::Sample();
+    const CSMSItem sms = Sms::Sample();
+    CEmailItem email = Email::Sample();
+    email.type = -1;
+    const std::string text = Logged([&] {
+        orvale::LogCalendar(nullptr);
+        orvale::LogSms(nullptr);
+        orvale::LogEmail(nullptr);
+        orvale::LogCalendar(&item);
+        orvale::LogSms(&sms);
+        for (const std::int32_t operation : {4 | 8, 4 | 32, 32, 0}) {
+            email.operation = operation;
+            orvale::LogEmail(&email);
+            email.folder.clear();
+        }
     });
-    EXPECT_EQ(Plain(errors, folder_ / ""), R"(Orvale - CreateObject : vCardFile[0x]
-ORVALE - CVCardFile::Open : File Name[file]
-ORVALE - CVCardFile::Verify : Begin
-ORVALE - CVCardFile::Verify : Finish
-ORVALE - CVCardFile::Read : Begin
-;;a=3Bb********
-Storage : 0  Memory Location : -1 Index : -1 Operation : None
-Type : 5  Data : AB
-Type : 2000  Data : ;;a;b
-Type : 2002  Data : a;b
-ORVALE - CVCardFile::Read : Succeeded
-ORVALE - CVCardFile::Read : Finish
-ORVALE - CVCardFile::Read : Begin
-ORVALE - CVCardFile::Read : Begin
-ORVALE - CVCardFile::Read : Failed
-ORVALE - CVCardFile::Read : Finish
-ORVALE - CVCardFile::Close : Begin/Finish
-ORVALE - CVCardFile::Write : Begin
-ORVALE - CVCardFile::Write : Failed
-ORVALE - CVCardFile::Write : Finish
-ORVALE - CVCardFile::Verify : Begin
-Orvale - CVCardFile::Verify : Not opened
-ORVALE - CVCardFile::Verify : Finish
-Orvale - ReleaseObject : Object[0x]
-ORVALE - CVCardFile::Close : Begin/Finish
-)");
+    EXPECT_EQ(Plain(text), Data("records.log"));
 }

@@ -4,10 +4,9 @@
 #include <signal.h>
 #include <sys/resource.h>
 
-#include "platform/Format.h"
 #include "support/Cases.h"
+#include "support/Child.h"
 #include "support/FileDriver.h"
-#include "support/LogLines.h"
 
 using namespace orvale::test;
 using testing::ElementsAre;
@@ -155,34 +154,4 @@ TEST(CSVFile, ColumnsHaveTheirTypesFromTheLastProfile) {
     const CCSVProfile none;
     file->SetProfile(&none);
     EXPECT_EQ(ValuesOf(*file.Next()), "");
-}
-
-TEST(CSVFile, TheLogTellsEachOperation) {
-    const ScratchFolder folder;
-    folder.Put("f.csv", "Given,\r\n\"Ann\",\r\n");
-    const std::string log = LogLines("ORVALE - CCSVFile::", [&] {
-        CSVDriver file(folder.Name("f.csv"), CFile::kModeReadWrite);
-        file->SetProfile(&kProfile);
-        file->ReadFileHeader();
-        file->Verify();
-        file.Next();
-        file.Next();
-        const CContactItem contact = ContactOf("1=B");
-        file.Write(&contact);
-        file->WriteFileHeader();
-        file->Close();
-        EXPECT_EQ(file.Write(&contact) + file->WriteFileHeader() + file->ReadFileHeader(), 0);
-        EXPECT_EQ(file->Verify(), VERIFY_NOT_OPENED);
-    });
-    const std::string address = orvale::ToUtf8(orvale::Format(u"0x%08X", static_cast<const void*>(&kProfile)));
-    const std::string contact = "Storage : 0  Memory Location : -1 Index : -1 Operation : None|Type : 1  Data : ";
-    EXPECT_EQ(log, "@Open : File Name[" + (folder / "f.csv").string() + "]|@SetProfile : Profile[" + address + "]|" +
-                       "@ReadFileHeader : Begin|@ReadFileHeader : Given,|@ReadFileHeader : Finish|" +
-                       "@Read : Begin|@Read : \"Ann\",|" + contact + "Ann|@Read : Succeeded|@Read : Finish|" +
-                       "@Read : Begin|@Read : Failed|@Read : Finish|@Write : Begin|" + contact +
-                       "B|@Write : \"B\",,,,||@Write : Succeeded|@Write : Finish|@WriteFileHeader : Begin|" +
-                       "@WriteFileHeader : Given,Mob,ile,,Mobile,||@WriteFileHeader : Finish|" +
-                       "@Close : Begin/Finish|@Write : Begin|@Write : Failed|@Write : Finish|" +
-                       "@WriteFileHeader : Begin|@WriteFileHeader : Finish|" +
-                       "@ReadFileHeader : Begin|@ReadFileHeader : Finish|@Close : Begin/Finish|");
 }

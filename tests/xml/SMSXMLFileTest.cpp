@@ -50,11 +50,10 @@ TEST_F(SMSXMLFile, ListsOfUnequalLengthFailTheHeader) {
         list(profile).pop_back();
         Driver file(path_, CFile::kCreateReadWrite);
         file->SetProfile(&profile);
-        const std::string log =
-            LogOf("CSMSXMLFile", (folder_ / "").string(), [&] { EXPECT_EQ(file->WriteFileHeader(), 0); });
+        const std::string log = LogLines("ORVALE - CSMSXMLFile::", [&] { EXPECT_EQ(file->WriteFileHeader(), 0); });
         EXPECT_TRUE(
-            log.ends_with("WriteXMLProfile : Finish\nWriteFileHeader : Failed to write XML Profile\n"
-                          "WriteFileHeader : Failed\nWriteFileHeader : Finish\n"))
+            log.ends_with("@WriteXMLProfile : Finish|@WriteFileHeader : Failed to write XML Profile|"
+                          "@WriteFileHeader : Failed|@WriteFileHeader : Finish|"))
             << log;
         EXPECT_EQ(file->WriteFileHeader() + file.Write(&sms), 0) << "and there are no entries";
     };

@@ -2,7 +2,6 @@
 
 #include <optional>
 
-#include "platform/Clock.h"
 #include "xml/SuiteSupport.h"
 
 using namespace orvale::test;
@@ -159,31 +158,4 @@ TYPED_TEST(SuiteFile, SavesUnderTheseFlagsAloneWhatChanged) {
         EXPECT_EQ(file->WriteFileHeader() + file.Write(&record), 2);
     }
     EXPECT_EQ(this->folder_.Get("file.xml"), Suite<TypeParam>::kClosesItself ? saved : "another's by now");
-}
-
-// A document that is read, one that is missing, and one that is written, with a wrong call or two between.
-TYPED_TEST(SuiteFile, TheLogTellsEachStep) {
-    const orvale::StoppedClock clock(1280124015);
-    const auto run = [&] {
-        auto file = this->Reading(this->Sample());
-        EXPECT_EQ(file->ReadFileHeader() + file->Verify(), 1);
-        while (file.Next() != nullptr) {
-        }
-        TypeParam other;
-        const typename TestFixture::Profile profile;
-        const typename TestFixture::Record record;
-        auto& face = static_cast<CFileInterface&>(other);
-        other.SetProfile(&profile);
-        EXPECT_EQ(other.Verify(), VERIFY_NOT_OPENED);
-        std::uint32_t flags = CFile::kModeRead;
-        EXPECT_EQ(face.Open(this->folder_.Name("missing").c_str(), &flags), 0);
-        flags = CFile::kModeWrite;
-        EXPECT_EQ(face.Open(this->path_.c_str(), &flags), 1);
-        EXPECT_EQ(other.ReadFileHeader() + face.Write(&record), 0);
-        other.SetProfile(file.GetProfile());
-        EXPECT_EQ(other.WriteFileHeader() + face.Write(&record), 2);
-        other.Close();
-    };
-    const std::string log = LogOf(Suite<TypeParam>::kClass, (this->folder_ / "").string(), run);
-    EXPECT_EQ(log, Data(std::string(Suite<TypeParam>::kSample) + ".log"));
 }

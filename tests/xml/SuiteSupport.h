@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <functional>
 #include <initializer_list>
 #include <string>
 #include <vector>
@@ -28,8 +27,8 @@ template <>
 struct Suite<CPBXMLFile> {
     using Record = CContactItem;
     using Profile = CPhonebookProfile;
-    static constexpr const char *kClass = "CPBXMLFile", *kRoot = "phonebook", *kEntries = "contactentries",
-                                *kEntry = "contact", *kNumber = "device", *kSample = "phonebook";
+    static constexpr const char *kRoot = "phonebook", *kEntries = "contactentries", *kEntry = "contact",
+                                *kNumber = "device", *kSample = "phonebook";
     static constexpr auto kMember = &CContactItem::Storage;
     static constexpr bool kClosesItself = true;
 };
@@ -37,8 +36,8 @@ template <>
 struct Suite<CCDXMLFile> {
     using Record = CCalendarItem;
     using Profile = CCalendarProfile;
-    static constexpr const char *kClass = "CCDXMLFile", *kRoot = "calendar", *kEntries = "calendarentries",
-                                *kEntry = "data", *kNumber = "duration", *kSample = "calendar";
+    static constexpr const char *kRoot = "calendar", *kEntries = "calendarentries", *kEntry = "data",
+                                *kNumber = "duration", *kSample = "calendar";
     static constexpr auto kMember = &CCalendarItem::duration;
     static constexpr bool kClosesItself = false;
 };
@@ -46,8 +45,8 @@ template <>
 struct Suite<CSMSXMLFile> {
     using Record = CSMSItem;
     using Profile = CSMSProfile;
-    static constexpr const char *kClass = "CSMSXMLFile", *kRoot = "SMS", *kEntries = "smsentries", *kEntry = "sms",
-                                *kNumber = "status", *kSample = "sms";
+    static constexpr const char *kRoot = "SMS", *kEntries = "smsentries", *kEntry = "sms", *kNumber = "status",
+                                *kSample = "sms";
     static constexpr auto kMember = &CSMSItem::status;
     static constexpr bool kClosesItself = true;
 };
@@ -55,8 +54,8 @@ template <>
 struct Suite<CMLXMLFile> {
     using Record = CEmailItem;
     using Profile = CEmailProfile;
-    static constexpr const char *kClass = "CMLXMLFile", *kRoot = "email", *kEntries = "emailentries", *kEntry = "email",
-                                *kNumber = "status", *kSample = "email";
+    static constexpr const char *kRoot = "email", *kEntries = "emailentries", *kEntry = "email", *kNumber = "status",
+                                *kSample = "email";
     static constexpr auto kMember = &CEmailItem::status;
     static constexpr bool kClosesItself = true;
 };
@@ -141,15 +140,5 @@ class SuiteTest : public testing::Test {
     const ScratchFolder folder_;
     const std::u16string path_ = folder_.Name("file.xml");
 };
-
-/// The lines that a body writes to the log, without "ORVALE - " and the name of the class, without addresses and
-/// without the folder of a file.
-inline std::string LogOf(const std::string& className, const std::string& folder, const std::function<void()>& body) {
-    std::string text = Without(Without(LogLines("ORVALE - " + className + "::", body), "@"), folder);
-    for (std::size_t found; (found = text.find("0x")) != std::string::npos;)
-        text.erase(found, text.find_first_not_of("0123456789ABCDEF", found + 2) - found);
-    std::replace(text.begin(), text.end(), '|', '\n');
-    return text;
-}
 
 }  // namespace orvale::test
