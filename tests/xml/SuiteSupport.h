@@ -4,9 +4,13 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <memory>
+#include <sstream>
 #include <string>
 #include <vector>
 
+#include "command/formats/Kinds.h"
+#include "command/json/JsonDocument.h"
 #include "support/Cases.h"
 #include "support/FileDriver.h"
 #include "support/LogLines.h"
@@ -130,6 +134,20 @@ class SuiteTest : public testing::Test {
             EXPECT_EQ(copy.Write(record), 1);
         copy->Close();
         return folder_.Get("copy.xml");
+    }
+
+    /// All that a document says, in the command's JSON.
+    std::string JsonOf(const std::string& document) {
+        Driver file = Reading(document);
+        EXPECT_EQ(file->ReadFileHeader(), 1);
+        std::ostringstream json;
+        const auto shape = ShapeOf(std::make_shared<const orvale::Profile>(std::in_place_type<Profile>));
+        const auto profile = orvale::CopyOfProfile(*file.operator->(), shape);
+        orvale::JsonDocumentWriter writer(json, orvale::RecordKind<Record>::value, profile, true);
+        while (const Record* record = file.Next())
+            writer.Put(*record);
+        writer.Finish();
+        return json.str();
     }
 
     Driver Reading(const std::string& document) {
