@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Holds what a reading costs against the size of its input, counted in the processor's instructions and so the same
 # everywhere: an input of ten times the size may cost at most eleven times as much, beyond what an empty one does. The
-# inputs are the cases of fuzz/support/Growth.cpp; each is read, written and read again. Takes valgrind.
+# inputs are the cases of fuzz/growth.cases; each is read, written and read again. Takes valgrind.
 #
 #     scripts/growth.sh [CASE...]
 set -euo pipefail
