@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/Clock.h"
-#include "support/Bytes.h"
+#include "support/Cases.h"
 #include "support/ScratchFolder.h"
 #include "support/Zone.h"
 
@@ -36,32 +36,13 @@ class FileObject : public testing::Test {
 }  // namespace
 
 TEST_F(FileObject, ReadsStrings) {
-    const std::u16string longest(1023, u'\x4E2D');
-    struct Case {
-        std::string bytes;
-        std::int32_t result;
-        std::u16string text;
-        std::uint64_t position;  // afterwards
-    };
-    const Case cases[] = {{"", 0, u"", 0},
-                          {"\2", 0, u"", 1},
-                          {Int32(0) + "x", 1, u"", 4},
-                          {String(u"\u00E4\xD83D") + "x", 1, u"\u00E4\xD83D", 8},
-                          {Int32(2) + Units(u"a"), 0, u"a", 6},
-                          {Int32(2) + Units(u"a") + "b", 0, u"a", 7},  // cut off inside a unit
-                          {Int32(3) + Units(std::u16string_view(u"a\0b", 3)), 0, u"a", 10},
-                          {String(longest), 1, longest, 2050},
-                          {Int32(1024) + Units(longest) + Units(u"x"), 0, u"", 4},
-                          {Int32(INT32_MAX) + Units(longest), 0, u"", 4},
-                          {Int32(-1) + Units(u"a"), 0, u"", 4},
-                          {Int32(INT32_MIN), 0, u"", 4}};
-    for (const Case& each : cases) {
-        folder_.Put("file", each.bytes);
+    for (const auto& each : Cases("strings.cases")) {
+        folder_.Put("file", each[1]);
         PlainFile file(path_);
         std::u16string text = u"before";
-        EXPECT_EQ(file.ReadString(&text), each.result) << each.bytes.substr(0, 12);
-        EXPECT_EQ(text, each.text) << each.bytes.substr(0, 12);
-        EXPECT_EQ(file.GetPosition(), each.position) << each.bytes.substr(0, 12);
+        EXPECT_EQ(std::to_string(file.ReadString(&text)), each[2]) << each[0];
+        EXPECT_EQ(orvale::ToUtf8(text), each[3]) << each[0];
+        EXPECT_EQ(std::to_string(file.GetPosition()), each[4]) << each[0];
     }
 }
 

@@ -10,35 +10,14 @@ using namespace orvale::test;
 using SMSDriver = FileDriver<CSMSFile, CSMSItem>;
 
 TEST(SMSFile, ReadString) {
-    struct Case {
-        const char* name;
-        std::string bytes;
-        std::int32_t result;
-        std::u16string text;
-        std::uint64_t position;
-    };
-    const std::u16string longest(2047, u'x');
-    const Case cases[] = {
-        {"at the end", "", 1, u"", 0},
-        {"length cut off", "\2\1", 1, u"", 2},
-        {"negative", Int32(INT32_MIN) + "AB", 1, u"", 4},
-        {"two units", Int32(4) + Units(u"AB") + "!", 1, u"AB", 8},
-        {"cut off", Int32(8) + Units(u"AB"), 1, u"AB", 8},
-        {"cut off in a unit", Int32(8) + Units(u"A") + "B", 1, u"AB", 7},
-        {"odd", Int32(3) + Units(u"A") + "BC", 1, u"AB", 7},
-        {"a zero unit", Int32(6) + Units(std::u16string_view(u"A\0B", 3)), 1, u"A", 10},
-        {"longest", Int32(4094) + Units(longest) + "!", 1, longest, 4098},
-        {"too long", Int32(4095) + std::string(5000, 'x'), 0, u"", 4099},
-        {"much too long", Int32(2000000000) + "x", 0, u"", 5},
-    };
     const ScratchFolder folder;
-    for (const Case& each : cases) {
-        folder.Put("in", each.bytes);
+    for (const auto& each : Cases("sms-strings.cases")) {
+        folder.Put("in", each[1]);
         SMSDriver file(folder.Name("in"));
         std::u16string text = u"before";
-        EXPECT_EQ(file->ReadString(&text), each.result) << each.name;
-        EXPECT_EQ(text, each.text) << each.name;
-        EXPECT_EQ(file->GetPosition(), each.position) << each.name;
+        EXPECT_EQ(std::to_string(file->ReadString(&text)), each[2]) << each[0];
+        EXPECT_EQ(orvale::ToUtf8(text), each[3]) << each[0];
+        EXPECT_EQ(std::to_string(file->GetPosition()), each[4]) << each[0];
     }
 }
 
