@@ -4,17 +4,23 @@
 #include <stdlib.h>
 #include <sys/stat.h>
 
+#include "support/Cases.h"
 #include "support/ScratchFolder.h"
 
 using namespace orvale;
+using orvale::test::Cases;
 using orvale::test::ScratchFolder;
+using orvale::test::Words;
 
 namespace {
 
 constexpr std::u16string_view kKey = u"HKEY_CURRENT_USER\\Log";
 constexpr std::u16string_view kValue = u"/opt/a \"b\"/\u00E4\\x.so";
-const std::string kKeyLine = "[HKEY_CURRENT_USER\\Log]\r\n";
-const std::string kName = "\"/opt/a \\\"b\\\"/\xC3\xA4\\\\x.so\"";
+
+// What stands for them in the tables.
+const Words kWords = {{"SECTION", "[HKEY_CURRENT_USER\\\\Log]"},
+                      {"NAME", R"("/opt/a \\"b\\"/ä\\\\x.so")"},
+                      {"LINE", R"("/opt/a \\"b\\"/ä\\\\x.so"=dword:00000006\r\n)"}};
 
 class RegistryTest : public testing::Test {
  protected:
@@ -27,30 +33,10 @@ class RegistryTest : public testing::Test {
 }  // namespace
 
 TEST_F(RegistryTest, ReadsANumber) {
-    const std::pair<std::string, std::optional<std::uint32_t>> cases[] = {
-        {"", std::nullopt},
-        {kKeyLine + kName + "=dword:0000000a\r\n", 10},
-        {kKeyLine + kName + "=dword:fFfFfFfE", 0xFFFFFFFE},
-        {"\n[hkey_current_user\\LOG]\n" + kName + "=DWORD:6\n", 6},
-        {"\xEF\xBB\xBF" + kKeyLine + "  " + kName + " = dword: 2 \r\n", 2},
-        {kKeyLine + kName + "=hex:02,01,00,80\r\n", 0x80000102},
-        {kKeyLine + kName + "=hex(4):02,00,00,00\r\n", 2},
-        {kKeyLine + kName + "=hex:02,00,00\r\n", std::nullopt},
-        {kKeyLine + kName + "=hex:02,00,00,00,00\r\n", std::nullopt},
-        {kKeyLine + kName + "=hex:02,,00,00\r\n", std::nullopt},
-        {kKeyLine + kName + "=hexagon:02,00,00,00\r\n", std::nullopt},
-        {kKeyLine + kName + "=dword:000000002\r\n", std::nullopt},
-        {kKeyLine + kName + "=dword:2g\r\n", std::nullopt},
-        {kKeyLine + kName + "=dword:\r\n", std::nullopt},
-        {kKeyLine + kName + "=\"2\"\r\n", std::nullopt},
-        {kName + "=dword:2\r\n", std::nullopt},
-        {"[HKEY_CURRENT_USER\\Log)\r\n" + kName + "=dword:2\r\n", std::nullopt},
-        {"[HKEY_CURRENT_USER\\Log\\More]\r\n" + kName + "=dword:2\r\n", std::nullopt},
-        {kKeyLine + "\"x.so\"=dword:2\r\n;" + kName + "=dword:2\r\n\"/opt/a=dword:2\r\n", std::nullopt},
-        {kKeyLine + "\"x\"=dword:1\r\n[Other]\r\n" + kName + "=dword:1\r\n" + kKeyLine + kName + "=dword:3\r\n", 3}};
-    for (const auto& [text, number] : cases) {
-        folder_.Put("user.reg", text);
-        EXPECT_EQ(ReadRegistryNumber(kKey, kValue), number) << text;
+    for (const auto& each : Cases("registry-read.cases", kWords)) {
+        folder_.Put("user.reg", each[0]);
+        const auto number = ReadRegistryNumber(kKey, kValue);
+        EXPECT_EQ(number ? std::to_string(*number) : "none", each[1]) << each[0];
     }
     std::filesystem::remove(folder_ / "user.reg");
     EXPECT_EQ(ReadRegistryNumber(kKey, kValue), std::nullopt);
@@ -59,18 +45,10 @@ TEST_F(RegistryTest, ReadsANumber) {
 }
 
 TEST_F(RegistryTest, WritesANumberAndLeavesTheRest) {
-    const std::string line = kName + "=dword:00000006\r\n";
-    const std::pair<std::string, std::string> cases[] = {
-        {"", "Windows Registry Editor Version 5.00\r\n\r\n" + kKeyLine + line},
-        {"  ; mine\n[Other]\n\"x\"=dword:1\n", "  ; mine\n[Other]\n\"x\"=dword:1\n\r\n" + kKeyLine + line},
-        {kKeyLine + "\"x\"=dword:1\r\n\r\n[Other]\r\n", kKeyLine + "\"x\"=dword:1\r\n" + line + "\r\n[Other]\r\n"},
-        {"\xEF\xBB\xBF[hkey_current_user\\LOG]", "\xEF\xBB\xBF[hkey_current_user\\LOG]\r\n" + line},
-        {kKeyLine + "\"/OPT/A \\\"b\\\"/\xC3\x84\\\\x.so\"=hex:00,00,00,00\r\n\"x\"=\"y\"\r\n",
-         kKeyLine + line + "\"x\"=\"y\"\r\n"}};
-    for (const auto& [before, after] : cases) {
-        folder_.Put("user.reg", before);
+    for (const auto& each : Cases("registry-write.cases", kWords)) {
+        folder_.Put("user.reg", each[0]);
         WriteRegistryNumber(kKey, kValue, 6);
-        EXPECT_EQ(folder_.Get("user.reg"), after);
+        EXPECT_EQ(folder_.Get("user.reg"), each[1]);
     }
     for (const std::string& unreadable : {std::string(1024 * 1024 + 1, ';'), std::string("\xFF\xFE[\0H\0", 6)}) {
         folder_.Put("user.reg", unreadable);

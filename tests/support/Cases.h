@@ -93,7 +93,7 @@ inline std::vector<std::vector<std::string>> Cases(const std::string& name, cons
     for (std::string line; std::getline(in, line);) {
         if (line.empty() || line.starts_with("# ")) continue;
         for (const auto& [word, text] : words)
-            for (std::size_t at; (at = line.find(word)) != std::string::npos;)
+            for (std::size_t at = 0; (at = line.find(word, at)) != std::string::npos; at += text.size())
                 line.replace(at, word.size(), text);
         auto& columns = cases.emplace_back();
         std::string_view rest = line;
