@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "platform/Clock.h"
+#include "platform/Format.h"
+#include "support/Cases.h"
 #include "support/Zone.h"
 
 using namespace orvale;
@@ -30,28 +32,15 @@ TEST(UtcText, ThereAndBackInEachZone) {
 }
 
 TEST(UtcText, Reads) {
-    constexpr CalendarFields kNow{2010, 7, 26, 6, 0, 15};
     const StoppedClock clock(1280124015);
-    struct Case {
-        std::u16string_view text;
-        bool result;
-        std::optional<CalendarFields> fields;  // none for an invalid date
-    };
-    const Case cases[] = {
-        {u"", true, CalendarFields{1899, 12, 30, 0, 0, 0}},
-        {u"x", false, kNow},
-        {u"20010203T040506", false, kNow},  // too short by one
-        {u"20010203T040506Z and more", true, CalendarFields{2001, 2, 3, 4, 5, 6}},
-        {u"20010203xxT040506", true, CalendarFields{2001, 2, 3, 4, 5, 6}},  // the first T, wherever it stands
-        {u"2001020304050607", true, CalendarFields{2001, 2, 3, 20, 1, 2}},  // without one, the front
-        {u"200102030405060T", true, CalendarFields{2001, 2, 3, 0, 0, 0}},
-        {u"20010203T0405xxZ", true, CalendarFields{2001, 2, 3, 4, 5, 0}},
-        {u"20010230T040506Z", false, std::nullopt},
-        {u"no date, but long", false, std::nullopt}};
-    for (const Case& each : cases) {
+    for (const auto& each : test::Cases("utc-text.cases")) {
         DateValue date(1.0);
-        EXPECT_EQ(UtcTextToDate(each.text, date), each.result) << std::string(each.text.begin(), each.text.end());
-        EXPECT_EQ(date.Fields(), each.fields) << std::string(each.text.begin(), each.text.end());
+        EXPECT_EQ(UtcTextToDate(FromUtf8(each[0]), date), each[1] == "taken") << each[0];
+        const auto fields = date.Fields().value_or(CalendarFields{});
+        EXPECT_EQ(ToUtf8(Format(u"%d-%d-%d %d:%d:%d", fields.year, fields.month, fields.day, fields.hour, fields.minute,
+                                fields.second)),
+                  each[2])
+            << each[0];
     }
 }
 

@@ -22,22 +22,8 @@ struct Records {
     CEmailItem email;
     CCSVProfile columns{{5, 104}, {u"Name", u"Cell"}};
 
-    const void* Of(FileType type) const {
-        switch (type) {
-            case 4:
-            case 9:
-                return &sms;
-            case 5:
-            case 6:
-            case 8:
-                return &calendar;
-            case 10:
-            case 11:
-                return &email;
-            default:
-                return &contact;
-        }
-    }
+    const void* const of[kFormats] = {&contact,  &contact, &contact,  &contact, &sms,   &calendar,
+                                      &calendar, &contact, &calendar, &sms,     &email, &email};
 };
 
 // What a host does with one file: an object that writes, another that reads. How many records came back.
@@ -54,8 +40,8 @@ int WriteAndRead(const LoadedModule& module, FileType type, const std::u16string
         if (writes) {
             const bool headerLast = type == 2;
             if (!headerLast) object->WriteFileHeader();
-            object->Write(records.Of(type));
-            object->Write(records.Of(type));
+            object->Write(records.of[type]);
+            object->Write(records.of[type]);
             if (headerLast) object->WriteFileHeader();
         } else {
             object->ReadFileHeader();

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "support/Cases.h"
+
 using namespace orvale;
 
 TEST(Text, TrimsUnicodesWhiteSpace) {
@@ -25,20 +27,8 @@ TEST(Text, ReplaceDoesNotLookAtWhatItPutIn) {
 }
 
 TEST(Text, NumbersOfTexts) {
-    const std::pair<std::u16string_view, std::int32_t> cases[] = {{u"", 0},
-                                                                  {u"12ab", 12},
-                                                                  {u" \t-7", -7},
-                                                                  {u"+5", 5},
-                                                                  {u"- 5", 0},
-                                                                  {u"--5", 0},
-                                                                  {u"x1", 0},
-                                                                  {u"2147483648", INT32_MIN},
-                                                                  {u"4294967295", -1},
-                                                                  {u"4294967296", 0},
-                                                                  {u"-4294967295", 1},
-                                                                  {u"\u0663", 0}};  // the last is an Arabic digit
-    for (const auto& [text, number] : cases)
-        EXPECT_EQ(ToNumber(text), number) << ToUtf8(text);
+    for (const auto& each : test::Cases("numbers.cases"))
+        EXPECT_EQ(std::to_string(ToNumber(FromUtf8(each[0]))), each[1]) << each[0];
 }
 
 TEST(Text, Utf8ThereAndBack) {

@@ -55,20 +55,8 @@ class VCalendarFile : public testing::Test {
 }  // namespace
 
 TEST_F(VCalendarFile, Heads) {
-    const std::pair<std::string, bool> cases[] = {
-        {kHead, true},
-        {" begin:vcalendar \r\nX PRODID:-//any//thing \r\nversion:1.0\r\n", true},
-        {"BEGIN:VCALENDAR\r\n VERSION:1.0 \r\n", true},
-        {"BEGIN:VCALENDAR\r\nPRODID:\r\n VERSION:1.0\r\n", false},  // behind PRODID nothing is trimmed
-        {"BEGIN:VCALENDAR\r\nprodid:\r\nVERSION:1.0\r\n", false},
-        {"BEGIN:VCALENDAR\r\nPRODID:\r\nPRODID:\r\nVERSION:1.0\r\n", false},
-        {"BEGIN:VCALENDAR\r\nPRODID:\r\nVERSION:2.0\r\n", false},
-        {"VERSION:1.0\r\nBEGIN:VCALENDAR\r\n", false},
-        {"\r\nBEGIN:VCALENDAR\r\nVERSION:1.0\r\n", false},
-        {"BEGIN:VCALENDAR\nPRODID:\nVERSION:1.0\n", false},
-    };
-    for (const auto& [head, comes] : cases)
-        EXPECT_EQ(ReadBack(head + "PRIORITY:7\r\n" + kTail), comes ? "-1 - - 7 0" : "") << head;
+    for (const auto& each : Cases("vcalendar-heads.cases"))
+        EXPECT_EQ(ReadBack(each[0] + "PRIORITY:7\r\n" + kTail), each[1]) << each[0];
     EXPECT_EQ(ReadBack("BEGIN:VCALENDAR\r\nVERSION:1.0"), "") << "28 bytes, and whole by all other rules";
     EXPECT_EQ(ReadBack("BEGIN:VCALENDAR\r\nVERSION:1.0 "), "-1 - - 1 0");
 }
