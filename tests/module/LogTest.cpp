@@ -91,8 +91,8 @@ TEST(Log, GoesWhereItsSwitchSays) {
     run("2");  // a log that can't be written disturbs nobody
 }
 
-// An object with a file that is missing, one of another format, its own, and a new one: what each call tells. The
-// record and the profile that go into the new one are what another object read.
+// What each call tells and gives, of an object with a file that is missing, one of another format, its own, a full
+// device and a new one. The record and the profile that are written are what another object read.
 TEST_P(FormatLog, EachOperationHasItsLines) {
     const Format& format = GetParam();
     const orvale::StoppedClock clock(kDayOfWriting);
@@ -100,45 +100,55 @@ TEST_P(FormatLog, EachOperationHasItsLines) {
     folder.Put("own", format.file);
     folder.Put("source", format.file);
     folder.Put("other", "<?xml version='1.0'?><other id='suite-other'>as long as any header</other>\n");
+    std::filesystem::create_symlink("/dev/full", folder / "full");
     const CCSVProfile columns{{1}, {u"Given"}};
-    const std::uint32_t reads = CFile::kModeRead;
-    const std::uint32_t creates = CFile::kCreateReadWrite;
     CFileInterface* source = nullptr;
     const void* profile = nullptr;
     void* record = nullptr;
     ASSERT_EQ(CreateObject(&source, &format.type), 1);
     if (format.type == 2) source->SetProfile(&columns);
+    const std::uint32_t reads = CFile::kModeRead;
     source->Open(folder.Name("source").c_str(), &reads);
     source->ReadFileHeader();
     ASSERT_EQ(source->Read(&record), 1);
     source->GetProfile(&profile);
     const std::string log = Logged([&] {
+        const auto gives = [](std::int32_t result) { std::fprintf(stderr, "= %d\n", result); };
         CFileInterface* file = nullptr;
         CreateObject(&file, &format.type);
         if (format.type == 2) file->SetProfile(&columns);
-        for (const char* const name : {"missing", "other", "own"}) {
-            file->Open(folder.Name(name).c_str(), &reads);
-            file->Verify();
-            file->ReadFileHeader();
-            file->Verify();
+        const std::pair<const char*, std::uint32_t> kFiles[] = {
+            {"missing", reads}, {"other", reads}, {"own", reads}, {"full", CFile::kModeWrite}};
+        for (const auto& [name, flags] : kFiles) {
+            gives(file->Open(folder.Name(name).c_str(), &flags));
+            gives(file->Verify());
+            gives(file->ReadFileHeader());
+            gives(file->Verify());
             void* read = nullptr;
-            while (file->Read(&read) != 0) {
-            }
-            file->Read(nullptr);
-            file->WriteFileHeader();
-            file->Write(record);
+            while (file->Read(&read) != 0)
+                gives(read != nullptr);
+            gives(read != nullptr);
+            read = nullptr;
+            gives(file->Read(&read));
+            gives(read != nullptr);
+            gives(file->Read(nullptr));
+            gives(file->WriteFileHeader());
+            gives(file->Write(record));
         }
+        const std::uint32_t creates = CFile::kCreateReadWrite;
         file->SetProfile(format.type == 2 ? &columns : profile);
-        file->Open(folder.Name("new").c_str(), &creates);
-        file->WriteFileHeader();
-        file->Write(record);
-        file->Write(nullptr);
+        gives(file->Open(folder.Name("new").c_str(), &creates));
+        gives(file->WriteFileHeader());
+        gives(file->Write(record));
+        gives(file->Write(nullptr));
         file->Close();
-        file->Write(record);
+        gives(file->Verify());
+        gives(file->Write(record));
         ReleaseObject(&file);
     });
     ReleaseObject(&source);
     EXPECT_EQ(Plain(log, folder / ""), Data(format.name + std::string(".log")));
+    EXPECT_EQ(folder.Get("own"), format.file);
 }
 
 TEST(RecordLog, Dumps) {

@@ -92,22 +92,6 @@ TYPED_TEST(Native, Headers) {
     }
 }
 
-TYPED_TEST(Native, FailsWithoutAFileARecordOrRoom) {
-    const typename TypeParam::Record sample = TypeParam::Sample();
-    typename TypeParam::File closed;
-    CFileInterface& face = closed;
-    void* record = nullptr;
-    EXPECT_EQ(face.ReadFileHeader() + face.WriteFileHeader() + face.Read(&record) + face.Write(&sample), 0);
-    const auto file = this->Reading("");
-    EXPECT_EQ((*file)->Read(nullptr) + file->Write(nullptr), 0);
-    EXPECT_EQ(record, nullptr);
-    EXPECT_EQ((*file)->Read(&record), 0);
-    EXPECT_EQ(record == nullptr, TypeParam::kIsSms) << "SMS alone leaves the variable";
-    EXPECT_EQ(file->Write(&sample) + (*file)->WriteFileHeader(), 0) << "read only";
-    typename TestFixture::Driver full(u"/dev/full", CFile::kModeWrite);
-    EXPECT_EQ(full->WriteFileHeader() + full.Write(&sample) + full->ReadFileHeader(), 0);
-}
-
 TYPED_TEST(Native, CutAtEveryLength) {
     const std::string& record = TypeParam::kBytes;
     for (std::size_t length = 0; length < record.size(); ++length) {

@@ -75,17 +75,3 @@ TEST(SSYFile, CutAtEveryLengthTheWholeRecordsRemain) {
         EXPECT_EQ(ReadAll(Header(size)).code, VERIFY_WRONG_SIZE) << size;
     EXPECT_EQ(ReadAll(Header(0)).code, VERIFY_OK);
 }
-
-TEST(SSYFile, NothingIsWritten) {
-    const ScratchFolder folder;
-    folder.Put("f.ssy", Header(4) + "Ann\0"s);
-    SSYDriver file(folder.Name("f.ssy"), CFile::kModeReadWrite);
-    EXPECT_EQ(file->Verify(), VERIFY_WRONG_SIZE) << "before the header is read";
-    EXPECT_EQ(file->ReadFileHeader(), 1);
-    const CContactItem contact = *file.Next();
-    EXPECT_EQ(file->WriteFileHeader() + file.Write(&contact), 0);
-    file->Close();
-    EXPECT_EQ(file->Verify(), VERIFY_NOT_OPENED);
-    EXPECT_EQ(file->ReadFileHeader(), 0);
-    EXPECT_EQ(folder.Get("f.ssy"), Header(4) + "Ann\0"s);
-}

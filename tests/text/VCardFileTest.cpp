@@ -109,26 +109,6 @@ TEST_F(VCardReader, LinesUpToTheLimit) {
     EXPECT_EQ(line.size(), 2048U) << "left as it was";
 }
 
-TEST_F(VCardReader, StatesAndNullAddresses) {
-    folder_.Put("file.vcf", Card("FN:A\n"));
-    CVCardFile file;
-    void* record = nullptr;
-    EXPECT_EQ(file.Verify(), VERIFY_NOT_OPENED);
-    EXPECT_EQ(file.Read(&record), 0);
-    EXPECT_EQ(record, nullptr);
-    const std::uint32_t flags = CFile::kModeRead;
-    ASSERT_EQ(file.Open(path_.c_str(), &flags), 1);
-    EXPECT_EQ(file.ReadFileHeader() + file.WriteFileHeader(), 2);  // it has none
-    EXPECT_EQ(file.Verify(), VERIFY_OK);
-    EXPECT_EQ(file.Read(nullptr) + file.ReadString(nullptr), 0);
-    EXPECT_EQ(file.Read(&record), 1);
-    void* const first = record;
-    record = nullptr;
-    EXPECT_EQ(file.Read(&record), 0);
-    EXPECT_EQ(record, first);
-    EXPECT_EQ(static_cast<CContactItem*>(record)->FieldCount(), 0U);
-}
-
 TEST_F(VCardReader, ReadingTakesNoMoreMemoryForMoreCards) {
     const std::string card = Card("FN:A name that is long enough for the heap\nNOTE:x\nADR;HOME:;;x;y;z\n");
     folder_.Put("file.vcf", Repeated(card, 100));

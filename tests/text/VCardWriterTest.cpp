@@ -75,14 +75,3 @@ TEST_F(VCardWriter, CardsFollowOneAnotherEachInOneSystemCall) {
     const std::string both = folder_.Get("file.vcf");
     EXPECT_EQ(both, Written(values[0]) + Written(values[1]));
 }
-
-TEST_F(VCardWriter, FailsWithoutAFileARecordOrRoom) {
-    const CContactItem contact = ContactOf("5=x");
-    CVCardFile closed;
-    EXPECT_EQ(static_cast<CFileInterface&>(closed).Write(&contact), 0);
-    VCardDriver file(path_, CFile::kCreateReadWrite);
-    EXPECT_EQ(file.Write(nullptr), 0);
-    EXPECT_EQ(folder_.Get("file.vcf"), "");
-    VCardDriver full(u"/dev/full", CFile::kModeWrite);
-    EXPECT_EQ(full.Write(&contact), 0);
-}
