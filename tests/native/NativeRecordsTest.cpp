@@ -4,41 +4,10 @@
 #include <limits>
 
 #include "native/NativeSamples.h"
-#include "platform/Clock.h"
-#include "support/FileDriver.h"
 
 using namespace orvale::test;
 
 namespace {
-
-template <class Format>
-class Native : public testing::Test {
- protected:
-    using Record = typename Format::Record;
-    using Driver = FileDriver<typename Format::File, Record>;
-
-    // The bytes of a file with these records.
-    std::string Written(std::initializer_list<const Record*> records) const {
-        Driver file(folder_.Name("out"), CFile::kCreateReadWrite);
-        EXPECT_EQ(file->WriteFileHeader(), 1);
-        EXPECT_EQ(file->Verify(), VERIFY_OK);
-        for (const Record* const record : records)
-            EXPECT_EQ(file.Write(record), 1);
-        file->Close();
-        return folder_.Get("out");
-    }
-
-    // A file with these records, its header read.
-    std::unique_ptr<Driver> Reading(const std::string& records) const {
-        folder_.Put("in", Format::kHeader + records);
-        auto file = std::make_unique<Driver>(folder_.Name("in"));
-        EXPECT_EQ((*file)->ReadFileHeader(), 1);
-        return file;
-    }
-
-    const ScratchFolder folder_;
-    const orvale::StoppedClock clock_{kDayOfWriting};
-};
 
 using CALFile = Native<Calendar>;
 using EMLFile = Native<Email>;

@@ -1,19 +1,18 @@
-#include "native/SMSFile.h"
-
-#include <gtest/gtest.h>
-
 #include "native/NativeSamples.h"
-#include "support/FileDriver.h"
+#include "platform/Text.h"
 
 using namespace orvale::test;
 
-using SMSDriver = FileDriver<CSMSFile, CSMSItem>;
+namespace {
 
-TEST(SMSFile, ReadString) {
-    const ScratchFolder folder;
+using SMSFile = Native<Sms>;
+
+}  // namespace
+
+TEST_F(SMSFile, ReadString) {
     for (const auto& each : Cases("sms-strings.cases")) {
-        folder.Put("in", each[1]);
-        SMSDriver file(folder.Name("in"));
+        folder_.Put("in", each[1]);
+        Driver file(folder_.Name("in"));
         std::u16string text = u"before";
         EXPECT_EQ(std::to_string(file->ReadString(&text)), each[2]) << each[0];
         EXPECT_EQ(orvale::ToUtf8(text), each[3]) << each[0];
@@ -21,28 +20,25 @@ TEST(SMSFile, ReadString) {
     }
 }
 
-TEST(SMSFile, StringsByThemselvesNeverThrow) {
+TEST_F(SMSFile, StringsByThemselvesNeverThrow) {
     CSMSFile closed;
     std::u16string text = u"before";
     EXPECT_EQ(closed.ReadString(nullptr) + closed.ReadString(&text), 0);
     EXPECT_EQ(text, u"");
     EXPECT_NO_THROW(closed.WriteString(&text));
-    SMSDriver full(u"/dev/full", CFile::kModeWrite);
+    Driver full(u"/dev/full", CFile::kModeWrite);
     EXPECT_NO_THROW(full->WriteString(&text));
     EXPECT_NO_THROW(full->WriteString(nullptr));
 }
 
-TEST(SMSFile, ACutMessageComesWithWhatThereIsOfIt) {
-    const ScratchFolder folder;
-    folder.Put("in", Sms::kHeader + Sms::kBytes.substr(0, 12 + 10 + 8 + 4 + 3));  // one unit and a half of three
-    SMSDriver file(folder.Name("in"));
-    EXPECT_EQ(file->ReadFileHeader(), 1);
-    const CSMSItem* const sms = file.Next();
+TEST_F(SMSFile, ACutMessageComesWithWhatThereIsOfIt) {
+    const auto file = Reading(Sms::kBytes.substr(0, 12 + 10 + 8 + 4 + 3));  // one unit and a half of three
+    const CSMSItem* const sms = file->Next();
     ASSERT_NE(sms, nullptr);
     EXPECT_EQ(sms->listtype, 4);
     EXPECT_EQ(sms->name + sms->phonenumber, u"\u00C4nn+1");
     EXPECT_EQ(sms->content, u"\xD83D");
     EXPECT_EQ(sms->time, u"") << "not the moment of the reading";
-    file->Close();
+    (*file)->Close();
     EXPECT_EQ(sms->phonenumber, u"") << "what was handed out ends with the file";
 }
