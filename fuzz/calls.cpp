@@ -1,5 +1,7 @@
 #include <array>
 #include <cstdint>
+#include <functional>
+#include <iterator>
 
 #include "platform/Text.h"
 #include "support/RecordFiles.h"
@@ -59,66 +61,43 @@ void Play(FileFormat format, Choices& choices, std::string_view content) {
     void* record = nullptr;
     const void* profile = nullptr;
     char buffer[64] = {};
+    const std::function<void(unsigned more)> calls[] = {
+        [&](unsigned more) {
+            record = nullptr;  // the open file is closed first
+            object->Open(path.c_str(), &kFlags[more % kFlags.size()]);
+        },
+        [&](unsigned) { object->ReadFileHeader(); },
+        [&](unsigned) { object->Verify(); },
+        [&](unsigned) { Must(object->Read(&record) == 0 || record != nullptr, "a record that was read is there"); },
+        [&](unsigned) { object->WriteFileHeader(); },
+        [&](unsigned) { object->Write(&own); },
+        [&](unsigned) { own = record != nullptr ? *static_cast<const Record*>(record) : own; },
+        [&](unsigned) {
+            record = nullptr;
+            object->Close();
+        },
+        [&](unsigned) { object->GetProfile(&profile); },
+        [&](unsigned more) {
+            const bool columns = more % 2 != 0 && ShapeOfFormat(format) == ProfileShape::kColumns;
+            object->SetProfile(columns ? AddressOf(Columns()) : profile);
+        },
+        [&](unsigned) {
+            object->SetProfile(nullptr);
+            object->GetProfile(nullptr);
+            Must(object->Read(nullptr) == 0 && object->Write(nullptr) == 0, "a null address is a failure");
+            Must(object->Open(nullptr, &kFlags[0]) == 0, "a null name is a failure");
+            Must(object->Open(path.c_str(), nullptr) == 0, "null flags are a failure");
+        },
+        [&](unsigned more) { OnStream([&] { object->Seek(static_cast<std::int64_t>(more) - 4, CFile::kCurrent); }); },
+        [&](unsigned more) { OnStream([&] { object->Seek(0, more % 2 != 0 ? CFile::kBegin : CFile::kEnd); }); },
+        [&](unsigned more) { OnStream([&] { object->SetLength(more * 8); }); },
+        [&](unsigned more) { OnStream([&] { static_cast<CFile&>(*object).Read(buffer, more); }); },
+        [&](unsigned more) { OnStream([&] { static_cast<CFile&>(*object).Write(buffer, more); }); },
+    };
+    static_assert(std::size(calls) == 16, "half a byte names a call, the other half is its own");
     while (!choices.Rest().empty()) {
         const unsigned choice = choices.Next();
-        const unsigned more = choice / 16;
-        switch (choice % 16) {
-            case 0:
-                record = nullptr;  // the open file is closed first
-                object->Open(path.c_str(), &kFlags[more % kFlags.size()]);
-                break;
-            case 1:
-                object->ReadFileHeader();
-                break;
-            case 2:
-                object->Verify();
-                break;
-            case 3:
-                if (object->Read(&record) != 0) Must(record != nullptr, "a record that was read is there");
-                break;
-            case 4:
-                object->WriteFileHeader();
-                break;
-            case 5:
-                object->Write(&own);
-                break;
-            case 6:
-                if (record != nullptr) own = *static_cast<const Record*>(record);
-                break;
-            case 7:
-                record = nullptr;
-                object->Close();
-                break;
-            case 8:
-                object->GetProfile(&profile);
-                break;
-            case 9:
-                object->SetProfile(
-                    more % 2 != 0 && ShapeOfFormat(format) == ProfileShape::kColumns ? AddressOf(Columns()) : profile);
-                break;
-            case 10:
-                object->SetProfile(nullptr);
-                object->GetProfile(nullptr);
-                Must(object->Read(nullptr) == 0 && object->Write(nullptr) == 0, "a null address is a failure");
-                Must(object->Open(nullptr, &kFlags[0]) == 0, "a null name is a failure");
-                Must(object->Open(path.c_str(), nullptr) == 0, "null flags are a failure");
-                break;
-            case 11:
-                OnStream([&] { object->Seek(static_cast<std::int64_t>(more) - 4, CFile::kCurrent); });
-                break;
-            case 12:
-                OnStream([&] { object->Seek(0, more % 2 != 0 ? CFile::kBegin : CFile::kEnd); });
-                break;
-            case 13:
-                OnStream([&] { object->SetLength(more * 8); });
-                break;
-            case 14:
-                OnStream([&] { static_cast<CFile&>(*object).Read(buffer, more); });
-                break;
-            case 15:
-                OnStream([&] { static_cast<CFile&>(*object).Write(buffer, more); });
-                break;
-        }
+        calls[choice % 16](choice / 16);
     }
 }
 

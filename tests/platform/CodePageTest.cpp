@@ -5,6 +5,9 @@
 #include <map>
 #include <vector>
 
+#include "platform/Text.h"
+#include "support/Cases.h"
+
 using namespace orvale;
 
 namespace {
@@ -68,33 +71,19 @@ TEST(CodePage, CharactersComeBackAndWhatIsNoneKeepsItsPlace) {
 }
 
 TEST(CodePage, TextsOfTheirScripts) {
-    struct Case {
-        std::int32_t page;
-        std::u16string_view wide;
-        std::string_view narrow;
-        std::size_t replaced;
-    };
-    const Case cases[] = {
-        {1252, u"\u20AC\u00FC", "\x80\xFC", 0},
-        {1252,
-         u"\u4E2D"
-         u"a\U0001F600z\xDC00",
-         "?a?z?", 3},
-        {1251, u"\u0416", "\xC6", 0},
-        {1255, u"\u05D0", "\xE0", 0},
-        {1258, u"\u1EA1", "a\xF2", 0},  // of two bytes, though nobody calls the page a double-byte one
-        {932, u"\u6F22\uFF76\\~", "\x8A\xBF\xB6\\~", 0},
-        {936, u"\u6C49", "\xBA\xBA", 0},
-        {949, u"\uD55C", "\xC7\xD1", 0},
-        {950, u"\u6F22", "\xBA\x7E", 0},
-        {65001, u"\U0001F600", "\xF0\x9F\x98\x80", 0},
-        {65001, u"\xD83D!", "?!", 1}};
-    for (const Case& each : cases) {
-        TextConverter converter(*FindCodePage(each.page));
-        EXPECT_EQ(converter.ToNarrow(each.wide), each.narrow) << each.page;
-        EXPECT_EQ(converter.Replaced(), each.replaced) << each.page;
-        EXPECT_EQ(converter.ToWide(each.narrow) == each.wide, each.replaced == 0) << each.page;
+    for (const auto& each : test::Cases("code-pages.cases")) {
+        TextConverter converter(*FindCodePage(std::stoi(each[0])));
+        const std::u16string wide = FromUtf8(each[1]);
+        EXPECT_EQ(converter.ToNarrow(wide), each[2]) << each[0];
+        EXPECT_EQ(std::to_string(converter.Replaced()), each[3]) << each[0];
+        EXPECT_EQ(converter.ToWide(each[2]) == wide, each[3] == "0") << each[0];
     }
+    TextConverter halves(*FindCodePage(1252));
+    EXPECT_EQ(halves.ToNarrow(u"a\xDC00z\xD83D!"), "a?z?!");
+    EXPECT_EQ(halves.Replaced(), 2U);
+    TextConverter utf8(*FindCodePage(65001));
+    EXPECT_EQ(utf8.ToNarrow(u"\xD83D!"), "?!");
+    EXPECT_EQ(utf8.Replaced(), 1U);
     EXPECT_EQ(ToWide(std::string_view("a\xC3\xA4\0b", 5)), u"a\u00E4");  // up to the zero
     EXPECT_EQ(ToNarrow(std::u16string_view(u"a\u00E4\0b", 4)), "a\xC3\xA4");
 }

@@ -151,41 +151,32 @@ TEST_F(XMLDocument, NamesThatMakeNoElement) {
 }
 
 TEST_F(XMLDocument, WhatNoFileCanHoldStaysAndIsNotSaved) {
-    struct Text {
-        const char* name;
-        std::u16string text;
-        bool comment;  // whether a comment can hold it
-        bool attribute;
+    // A text, and whether a comment and an attribute can hold it.
+    const std::tuple<std::u16string, bool, bool> cases[] = {
+        {u"a-b -", false, true},
+        {u"a--b", false, true},
+        {u"a\x01", false, false},
+        {u"\xDC00-\xD83D", false, false},
+        {{u"a\0b", 3}, false, false},
+        {u"\xFFFF", false, false},
+        {u"\U0001F600 - \t\r\n", true, true},
     };
-    const Text cases[] = {
-        {"plain", u"a-b -", false, true},
-        {"hyphens", u"a--b", false, true},
-        {"control unit", u"a\x01", false, false},
-        {"lone halves", u"\xDC00-\xD83D", false, false},
-        {"zero", std::u16string(u"a\0b", 3), false, false},
-        {"noncharacter", u"\xFFFF", false, false},
-        {"pair", u"\U0001F600 - \t\r\n", true, true},
-    };
-    for (const Text& each : cases) {
-        for (const bool isComment : {true, false}) {
-            folder_.Put("file.xml", "old");
-            CXMLDocument document;
-            document.Create(path_);
-            const NodeHandle root = document.CreateRoot(u"root");
-            if (isComment) {
-                EXPECT_EQ(document.GetText(document.AddComment(each.text, root)), each.text) << each.name;
-            } else {
-                EXPECT_EQ(document.SetAttribute(u"id", each.text, root), 1) << each.name;
-                EXPECT_EQ(document.GetAttribute(u"id", root), each.text) << each.name;
-            }
-            EXPECT_EQ(document.Save(), isComment ? each.comment : each.attribute) << each.name;
-            if (isComment ? each.comment : each.attribute) continue;
-            EXPECT_EQ(folder_.Get("file.xml"), "old") << each.name;
-            document.SetAttribute(u"id", u"good", root);
-            EXPECT_EQ(document.Save(), isComment ? 0 : 1) << each.name;
-            document.LoadXML(u"<new/>");
-            EXPECT_EQ(document.Save(), 1) << each.name;
-        }
+    for (const auto& [text, comment, attribute] : cases) {
+        SCOPED_TRACE(ToUtf8(text));
+        folder_.Put("file.xml", "old");
+        CXMLDocument document;
+        document.Create(path_);
+        const NodeHandle root = document.CreateRoot(u"root");
+        EXPECT_EQ(document.SetAttribute(u"id", text, root), 1);
+        EXPECT_EQ(document.GetAttribute(u"id", root), text);
+        EXPECT_EQ(document.Save(), attribute);
+        EXPECT_EQ(folder_.Get("file.xml") == "old", !attribute);
+        document.SetAttribute(u"id", u"good", root);
+        EXPECT_EQ(document.GetText(document.AddComment(text, root)), text);
+        EXPECT_EQ(document.Save(), comment);
+        EXPECT_EQ(folder_.Get("file.xml") == "old", !attribute && !comment);
+        document.LoadXML(u"<new/>");
+        EXPECT_EQ(document.Save(), 1);
     }
 }
 
