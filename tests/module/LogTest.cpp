@@ -2,7 +2,6 @@
 #include <stdlib.h>
 
 #include <optional>
-#include <regex>
 
 #include "frame/RecordLog.h"
 #include "module/LoadedModule.h"
@@ -18,10 +17,14 @@ using namespace orvale::test;
 namespace {
 
 // The lines with LF for CR LF and without what differs from run to run: addresses and the folder of files.
-std::string Plain(std::string lines, const std::string& folder = "") {
-    lines = std::regex_replace(lines, std::regex("0x[0-9A-F]{9,}|\r"), "");
-    for (std::size_t at = 0; !folder.empty() && (at = lines.find(folder, at)) != std::string::npos;)
-        lines.erase(at, folder.size());
+std::string Plain(std::string lines, const std::string& folder = "\r") {
+    for (std::size_t at = 0; (at = lines.find("0x", at)) != std::string::npos; ++at) {
+        const std::size_t size = lines.find_first_not_of("0123456789ABCDEF", at + 2) - at;
+        if (size > 10) lines.erase(at, size);  // shorter ones are numbers
+    }
+    for (const std::string& gone : {folder, std::string("\r")})
+        for (std::size_t at = 0; (at = lines.find(gone, at)) != std::string::npos;)
+            lines.erase(at, gone.size());
     return lines;
 }
 
