@@ -30,6 +30,12 @@ TYPED_TEST(Native, WritesExactlyTheseBytesAndReadsThemBack) {
     EXPECT_EQ(file->Next(), read) << "always the same record, refilled";
     EXPECT_EQ(this->Written({&first, read}), TypeParam::kHeader + records);
     EXPECT_EQ(file->Next(), nullptr);
+
+    (*file)->Close();
+    const auto again = this->Reading(records);
+    const auto* const last = again->Next();
+    (*again)->Close();
+    EXPECT_EQ(this->Written({last}), TypeParam::kHeader + TypeParam::kEmpty) << "it ends with its file";
 }
 
 TYPED_TEST(Native, Headers) {

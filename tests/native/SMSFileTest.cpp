@@ -39,6 +39,4 @@ TEST_F(SMSFile, ACutMessageComesWithWhatThereIsOfIt) {
     EXPECT_EQ(sms->name + sms->phonenumber, u"\u00C4nn+1");
     EXPECT_EQ(sms->content, u"\xD83D");
     EXPECT_EQ(sms->time, u"") << "not the moment of the reading";
-    (*file)->Close();
-    EXPECT_EQ(sms->phonenumber, u"") << "what was handed out ends with the file";
 }
