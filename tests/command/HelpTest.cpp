@@ -91,6 +91,7 @@ TEST(HelpTest, ManualAndCompletionsNameEverything) {
     const std::string formats = FormatsPage(ORVALE_ROOT "/docs/formats", "2026-01-02");
     const std::string completions[] = {BashCompletion(), ZshCompletion(), FishCompletion()};
     EXPECT_THAT(command, testing::StartsWith(".TH ORVALE 1 \"2026-01-02\" "));
+    EXPECT_THAT(formats, HasSubstr("title (4035)."));  // the captions of CSV, to the last one
     for (const VerbRow& row : AllVerbs()) {
         EXPECT_THAT(command, HasSubstr("\n\\fB" + Roff(row.word)));
         for (const std::string& text : completions)

@@ -4,6 +4,9 @@ export LC_ALL=C.UTF-8 TZ=UTC ORVALE_REGISTRY=$PWD/registry
 unset ORVALE_CODEPAGE
 samples=$TESTDIR/../../samples
 
+# The ids of all types of a contact's fields that have a name.
+types=$(sed -nE 's/.* X\(CF_\w+, ([0-9]+), .*/\1/p' "$TESTDIR/../../src/records/ContactFieldTypes.h")
+
 # A JSON document of records: document KIND RECORD...
 document() {
     local kind=$1 IFS=,
