@@ -27,3 +27,14 @@ lines() { printf '%b\r\n' "$@"; }
 
 # A card of a version: card VERSION LINE...
 card() { lines BEGIN:VCARD "VERSION:$1" "${@:2}" END:VCARD; }
+
+# What the cards of standard input say: a line for each field, its groups under it, a blank line between contacts; then
+# what has no place. The contacts themselves are in told.json.
+told() {
+    orvale convert --force --partial --from vcf - told.json 2>losses
+    sed -nE '/^ *"storage"/s/.*//p
+        /^ *"(type|id)": /{s/.*: |,$//g; h}
+        /^ *"data": /{s///; s/,$//; H; g; s/\n/ /; p}
+        /^ *"name": /{s///; H; g; s/\n/ /; s/^/  group /; p}' told.json | sed 1d
+    sed 's/^orvale: [^:]*: //; s/first in standard input, //' losses
+}
