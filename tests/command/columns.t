@@ -54,7 +54,8 @@ Many unknown columns are few lines.
 What the reader of SSY leaves out is a loss; each record ends in a zero.
 
   $ ssy() {
-  >   { head -c 50 /dev/zero; printf "\\x$(printf %b "$1" | wc -c | xargs printf %x)\\0\\0\\0"; printf %b "$1"; } >in.ssy
+  >   printf %b "$1" >records
+  >   { head -c 50 /dev/zero; printf "\\x$(printf %x $(wc -c <records))\\0\\0\\0"; cat records; } >in.ssy
   >   orvale convert --strict --force in.ssy out.json
   > }
   $ ssy 'A&44B,Lee,,,,3,5&445,2,66,9,:e,u\0'

@@ -90,7 +90,7 @@ A native file may hold half a character, which no UTF-8 tells.
   $ half() { LC_ALL=C sed -i 's/\x2D\x4E/\x00\xD8/' "$@"; }
   $ document contacts "$(contact '5=Ann 中')" >in.json
   $ document email '{"subject": "Re 中"}' >mail.json
-  $ orvale convert --force in.json half.qzs && orvale convert mail.json half.eml && half half.qzs half.eml
+  $ orvale convert in.json half.qzs && orvale convert mail.json half.eml && half half.qzs half.eml
   $ orvale convert --force --strict half.qzs b.json
   orvale: b.json: lost: halves of characters that JSON can't tell: 1, first in b.json
   orvale: b.json: not written, for --strict takes no loss
@@ -174,7 +174,7 @@ file are cut off as well, and must not spoil those of others.)
 
   $ document contacts "$(contact 5=$(printf 'x%.0s' {1..1024}))" >long.json
   $ document contacts "$(contact 5=Ann)" '{"fields": [{"tpye": 1}]}' >bad.json
-  $ for i in {1..2000}; do contact 5=Ann; echo; done | paste -sd , | { read -r all; document contacts "$all"; } >many.json
+  $ document contacts "$(for i in {1..2000}; do contact 5=Ann; echo ,; done; contact 5=Ann)" >many.json
   $ mkdir counters; echo what was there >old.qzs; ls -A >before
   $ try() { orvale convert "$@" old.qzs || echo "[$?]"; cat old.qzs; ls -A | cmp - before; }
   $ noroom() { (trap '' XFSZ; ulimit -f 1; export GCOV_PREFIX=counters GCOV_ERROR_FILE=/dev/null; try "$@"); }

@@ -244,7 +244,8 @@ Lines between cards, lines that belong to the value before them, and cards witho
 
 Several addresses of a kind; and what is no value.
 
-  $ card 3.0 FN:A 'ADR;TYPE=HOME:;;One;;;;' 'ADR;TYPE=HOME:;;Two;;;;' 'ADR:;;Three;Town;;;' 'ADR;TYPE=WORK:;;Four' | told
+  $ card 3.0 FN:A 'ADR;TYPE=HOME:;;One;;;;' 'ADR;TYPE=HOME:;;Two;;;;' 'ADR:;;Three;Town;;;' 'ADR;TYPE=WORK:;;Four' |
+  >   told
   5 "A"
   2002 "One"
   2032 "Two"
@@ -325,11 +326,10 @@ A file cut anywhere gives its whole cards.
   $ card 3.0 FN:A 'PHOTO;ENCODING=b:AA' ' A=' >first
   $ { cat first; card 2.1 'NOTE;ENCODING=QUOTED-PRINTABLE:=C3=' =BC; } >whole
   $ end=$(($(wc -c <whole) - 2))
-  $ for ((length = 1; length < end; ++length)); do head -c $length whole | orvale show --format vcf - 2>/dev/null; done |
-  >   grep . | sort | uniq -c | sed 's/^ *//'
-  66 0 contacts
-  79 1 contact
-  79 A
+  $ for ((length = 1; length < end; ++length)); do head -c $length whole >cut.$length; done
+  $ orvale info --format vcf cut.* 2>/dev/null | grep -o '[0-9]* records*' | sort | uniq -c | sed 's/^ *//'
+  66 0 records
+  79 1 record
   $ echo $((end + 2 - $(wc -c <first)))
   79
 
