@@ -16,6 +16,7 @@
 #include "command/verbs/View.h"
 #include "platform/Interrupt.h"
 #include "platform/ModulePath.h"
+#include "platform/StandardStreams.h"
 #include "platform/Text.h"
 
 namespace orvale {
@@ -112,6 +113,7 @@ int Main(int count, const char* const* words) {
         TellUser(line);
         return static_cast<int>(code);
     };
+    HoldClosedStreams();
     try {
         std::ios::sync_with_stdio(false);
         std::setlocale(LC_CTYPE, "");  // the code page of text in files is that of the user's locale

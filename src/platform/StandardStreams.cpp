@@ -1,0 +1,18 @@
+#include "platform/StandardStreams.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <initializer_list>
+
+namespace orvale {
+
+void HoldClosedStreams() noexcept {
+    // In their order, for a file gets the lowest number that is free. Open for the other direction, each stays useless.
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        if (fcntl(stream, F_GETFD) < 0 && errno == EBADF)
+            open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+}
+
+}  // namespace orvale
