@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "command/Program.h"
-#include "command/console/EditDistance.h"
 #include "command/formats/FormatTable.h"
 #include "command/line/Completions.h"
 #include "command/line/Manual.h"
@@ -12,28 +11,6 @@ namespace orvale::test {
 namespace {
 
 using testing::HasSubstr;
-
-constexpr char kInfoHelp[] = R"(Usage: orvale info [OPTIONS] FILE...
-
-Tell what files are and whether they are whole. A folder of files that hold one
-record each counts as well, and - is standard input, whose format --format
-names. The result is 1 if a file can't be read, is damaged or cut short.
-
-Options:
-  --json              print the result as JSON
-  --format NAME       the format of the file, in place of the one that is found
-  --codepage N        the code page of text in files, such as 1252 (65001 is
-                      UTF-8)
-  --module PATH       the module to work with, in place of the one beside the
-                      command
-  -h, --help          tell this
-
-Examples:
-  orvale info contacts.qzs mails.eml
-      Two files, a line for each
-  orvale info --json calendar.cal
-      The same for a script
-)";
 
 std::string Roff(std::string_view word) {
     std::string out;
@@ -45,20 +22,6 @@ std::string Roff(std::string_view word) {
 // A word in a list of words of a shell.
 auto HasWord(std::string_view word) {
     return testing::ContainsRegex("['( ]" + std::string(word) + "[') ]");
-}
-
-TEST(HelpTest, AVerbTellsItsOptionsAndExamples) {
-    const ScratchFolder folder;
-    for (const char* words : {"help info", "info --help", "info -h", "info --json missing --help", "--help info"})
-        EXPECT_EQ(RunOrvale(folder, words).output, kInfoHelp) << words;
-}
-
-TEST(HelpTest, TheOverviewNamesEveryVerb) {
-    const ScratchFolder folder;
-    const std::string overview = RunOrvale(folder, "help").output;
-    EXPECT_EQ(RunOrvale(folder, "--help").output, overview);
-    for (const VerbRow& row : AllVerbs())
-        EXPECT_THAT(overview, HasSubstr("\n  " + std::string(row.word) + " " + std::string(row.files.word)));
 }
 
 // Every row of the table is an option that the parser takes and the help of its verbs tells, and no other verb's.
@@ -140,44 +103,6 @@ TEST(HelpTest, TheExamplesRunOnTheSamples) {
         }
     }
     EXPECT_GT(seen, 5U);
-}
-
-TEST(HelpTest, TellsTheModuleInUse) {
-    const ScratchFolder folder;
-    folder.Put("Other.so", "no module: it isn't loaded");
-    const std::string version = RunOrvale(folder, "--version").output;
-    EXPECT_THAT(version, testing::MatchesRegex("orvale [0-9]+\\.[0-9]+\\.[0-9]+\nmodule: /.*/Orvale\\.so\n"));
-    const std::string first = version.substr(0, version.find('\n') + 1);
-    EXPECT_EQ(RunOrvale(folder, "--version --module Other.so").output,
-              first + "module: " + (folder / "Other.so").string() + "\n");
-    EXPECT_EQ(RunOrvale(folder, "--version --module=missing.so").output,
-              first + "module: none at " + (folder / "missing.so").string() + "\n");
-}
-
-TEST(HelpTest, NamesTheNearestWord) {
-    const std::vector<std::string_view> kWords{"formats", "info", "show", "log"};
-    const struct {
-        const char* word;
-        const char* nearest;
-    } kCases[] = {
-        {"shwo", "show"},
-        {"format", "formats"},
-        {"lgo", "log"},
-        {"fromats", "formats"},
-        {"xyz", ""},
-        {"convert", ""},
-        {"", ""},
-        {"shooooow", ""},
-        {"x", ""},
-        {"inf", "info"},
-        {"SHOW", "show"},
-        {"form", "formats"},
-        {"nfio", "info"},
-        {"fog", "log"},
-        {"showshowshowshowshowshowshowshowshow", ""},
-    };
-    for (const auto& each : kCases)
-        EXPECT_EQ(NearestWord(each.word, kWords), each.nearest) << each.word;
 }
 
 }  // namespace
