@@ -70,89 +70,74 @@ def moment(value):
     return value.strftime("%Y-%m-%dT%H:%M:%S")
 
 
+def texts(*pairs):
+    """Fields of a record: those of a type and a text."""
+    return [{"type": kind, "data": text} for kind, text in pairs if text]
+
+
 def make_contacts(rng):
     records = []
     for i in range(100):
-        fields = []
         if i % 10 == 9:
-            name = WORLD[i // 10 % len(WORLD)]
-            fields.append({"type": 5, "data": name})
+            fields = texts((5, WORLD[i // 10 % len(WORLD)]))
         else:
             given, family = rng.choice(GIVEN), rng.choice(FAMILY)
-            fields += [{"type": 2, "data": family}, {"type": 1, "data": given}]
-            name = given
+            fields = texts((2, family), (1, given))
         if i % 4 == 0:
             fields[0]["groups"] = [{"id": 1 + i % 3, "name": ["Family", "Work", "Choir"][i % 3]}]
-        fields.append({"type": 104, "data": "+49171%07d" % (3920000 + i * 37)})
-        if i % 3 == 0:
-            fields.append({"type": 102, "data": "+49 30 %d" % (23125000 + i)})
-        if i % 2 == 0:
-            fields.append({"type": 1000, "data": "contact%d@example.com" % i})
-        if i % 7 == 0:
-            fields.append({"type": 1500, "data": "http://www.example.com/%d" % i})
-        title, company = WORK[i % len(WORK)]
-        if i % 3 == 1 and (title or company):
-            fields += [{"type": 4035, "data": title}] if title else []
-            fields += [{"type": 4032, "data": company}] if company else []
+        fields += texts((104, "+49171%07d" % (3920000 + i * 37)), (102, i % 3 == 0 and "+49 30 %d" % (23125000 + i)),
+                        (1000, i % 2 == 0 and "contact%d@example.com" % i),
+                        (1500, i % 7 == 0 and "http://www.example.com/%d" % i))
+        if i % 3 == 1:
+            fields += texts(*zip((4035, 4032), WORK[i % len(WORK)]))
         if i % 5 == 0:
             code, city = CITIES[i // 5 % len(CITIES)]
-            fields += [{"type": 2000, "data": ";;%s;%s;;%s;" % (STREETS[i // 5 % len(STREETS)], city, code)},
-                       {"type": 2002, "data": STREETS[i // 5 % len(STREETS)]}, {"type": 2004, "data": city},
-                       {"type": 2006, "data": code}]
-        if i % 6 == 0:
-            fields.append({"type": 4003, "data": "19%02d%02d%02d" % (50 + i % 45, 1 + i % 12, 1 + i % 28)})
-        if i % 9 == 0:
-            fields.append({"type": 3002, "data": "Brings the cake.\r\nAllergic to nuts!"})
+            street = STREETS[i // 5 % len(STREETS)]
+            fields += texts((2000, ";;%s;%s;;%s;" % (street, city, code)), (2002, street), (2004, city), (2006, code))
+        fields += texts((4003, i % 6 == 0 and "19%02d%02d%02d" % (50 + i % 45, 1 + i % 12, 1 + i % 28)),
+                        (3002, i % 9 == 0 and "Brings the cake.\r\nAllergic to nuts!"))
         records.append({"storage": i % 2, "fields": fields})
     return records
 
 
 def make_calendar(rng):
-    def entry(title, start, hours=1.0, **more):
-        fields = [{"type": 3000, "data": title}]
-        for key, kind in (("body", 3002), ("place", 3003), ("url", 3004), ("phone", 3012)):
-            if more.get(key):
-                fields.append({"type": kind, "data": more[key]})
-            more.pop(key, None)
-        record = {"itemType": 0, "fields": fields, **more}
+    def entry(title, start, hours=1.0, body="", place="", url="", phone="", **more):
+        record = {"itemType": 0, "fields": texts((3000, title), (3002, body), (3003, place), (3004, url), (3012, phone)), **more}
         if start:
             record["dtstart"] = moment(start)
             if hours is not None:
                 record["dtend"] = moment(start + datetime.timedelta(hours=hours))
         return record
 
-    first = datetime.datetime(2008, 1, 7, 10)
+    day = datetime.datetime
     records = [
-        entry("Team meeting", first, recurtype=2, recurweekmask=2, recurinterval=1, recurhasenddate=1,
+        entry("Team meeting", day(2008, 1, 7, 10), recurtype=2, recurweekmask=2, recurinterval=1, recurhasenddate=1,
               recurenddate="2008-12-29T00:00:00", remindermin=10, category=5,
               body="Bring the figures of last week.\r\nThe room is booked until noon."),
-        entry("Choir", datetime.datetime(2008, 1, 10, 19, 30), 2, recurtype=2, recurweekmask=16, recurinterval=1, category=6,
+        entry("Choir", day(2008, 1, 10, 19, 30), 2, recurtype=2, recurweekmask=16, recurinterval=1, category=6,
               place="St. Johannis", recurhasenddate=1, recurenddate="2008-12-18T00:00:00"),
-        entry("Medicine", datetime.datetime(2008, 3, 18, 7), 0, recurtype=2, recurweekmask=62, recurinterval=0, recurrepeat=20,
-              secret=1, remindermin=5),
-        entry("Rent", datetime.datetime(2008, 1, 1), None, recurtype=3, recurday=1, recurinterval=1, category=13),
-        entry("Book club", datetime.datetime(2008, 1, 15, 20), 2, recurtype=3, recurweekmask=4, recurinstance=1, recurinterval=1,
+        entry("Medicine", day(2008, 3, 18, 7), 0, recurtype=2, recurweekmask=62, recurinterval=0, recurrepeat=20, secret=1,
+              remindermin=5),
+        entry("Rent", day(2008, 1, 1), None, recurtype=3, recurday=1, recurinterval=1, category=13),
+        entry("Book club", day(2008, 1, 15, 20), 2, recurtype=3, recurweekmask=4, recurinstance=1, recurinterval=1,
               category=6, place="Anna's"),
-        entry("Summer holidays at the sea", datetime.datetime(2008, 7, 19), 24 * 14, category=10, place="Ærø",
+        entry("Summer holidays at the sea", day(2008, 7, 19), 24 * 14, category=10, place="Ærø",
               url="http://www.example.com/aeroe", phone="+4562521300"),
         entry("A box of old photos", None, category=11),
     ]
     for i, name in enumerate(["山田さんの誕生日", "Anna's birthday", "Émile's birthday", "Mama's birthday"]):
-        records.append(entry(name, datetime.datetime(1948 + 9 * i, 2 + 2 * i, 23), None, recurtype=4, recurday=23,
-                             recurmonth=2 + 2 * i, recurinterval=1, category=14))
+        records.append(entry(name, day(1948 + 9 * i, 2 + 2 * i, 23), None, recurtype=4, recurday=23, recurmonth=2 + 2 * i,
+                             recurinterval=1, category=14))
     for i in range(110):
-        day = datetime.datetime(2008, 1, 2) + datetime.timedelta(days=i * 365 // 110)
         title, place, category = rng.choice(EVENTS)
-        start = day.replace(hour=rng.choice([8, 9, 11, 14, 16, 18, 20]), minute=rng.choice([0, 15, 30]))
-        records.append(entry(title, start, rng.choice([1, 1.5, 2]), place=place, category=category,
-                             remindermin=rng.choice([0, 0, 30])))
-    for i, (title, done, due) in enumerate([
-            ("Pay the rent", 0, datetime.datetime(2008, 3, 31, 12)), ("Return library books", 1, None),
-            ("Renew the passport", 0, datetime.datetime(2008, 6, 2)), ("Repair the bicycle", 1, datetime.datetime(2008, 4, 12)),
-            ("Write to aunt Rosa", 0, None), ("Order firewood", 1, datetime.datetime(2008, 9, 1))]):
-        record = entry(title, due, None, priority=[2, 1, 1, 0, 1, 1][i], complete=done)
-        record["itemType"] = 1
-        records.append(record)
+        start = day(2008, 1, 2, rng.choice([8, 9, 11, 14, 16, 18, 20]), rng.choice([0, 15, 30]))
+        records.append(entry(title, start + datetime.timedelta(days=i * 365 // 110), rng.choice([1, 1.5, 2]), place=place,
+                             category=category, remindermin=rng.choice([0, 0, 30])))
+    for title, done, due, priority in (
+            ("Pay the rent", 0, day(2008, 3, 31, 12), 2), ("Return library books", 1, None, 1),
+            ("Renew the passport", 0, day(2008, 6, 2), 1), ("Repair the bicycle", 1, day(2008, 4, 12), 0),
+            ("Write to aunt Rosa", 0, None, 1), ("Order firewood", 1, day(2008, 9, 1), 1)):
+        records.append({**entry(title, due, None, priority=priority, complete=done), "itemType": 1})
     return records
 
 
@@ -217,12 +202,11 @@ def add_hostile(kinds):
         kinds["contacts"].append({"fields": [
             {"type": kind, "data": text, "extraNumber": 1, "extraText": text, "groups": [{"id": 1, "name": text}]}
             for kind in (5, 104, 1000, 1500, 2000, 4003, 4032, 4035, 3002, 4711)]})
-        kinds["calendar"].append({"itemType": 0, "dtstart": "2008-02-29T10:00:00", "ring": text, "recurtype": 1,
-                                  "recurrepeat": 2, "fields": [{"type": kind, "data": text} for kind in
-                                                               (3000, 3002, 3003, 3004, 3012, 4711)]})
+        kinds["calendar"].append({"itemType": 0, "dtstart": "2008-02-29T10:00:00", "ring": text, "recurtype": 1, "recurrepeat": 2,
+                                  "fields": texts(*((kind, text) for kind in (3000, 3002, 3003, 3004, 3012, 4711)))})
         kinds["sms"].append({"listtype": 1, "phonenumber": text, "name": text, "content": text, "time": text})
-        kinds["email"].append({"type": 1, **{key: text for key in (
-            "box", "account", "folder", "from", "to", "cc", "bcc", "subject", "body", "entryid")}, "accessory": [text]})
+        kinds["email"].append({"type": 1, "accessory": [text], **dict.fromkeys(
+            ("box", "account", "folder", "from", "to", "cc", "bcc", "subject", "body", "entryid"), text)})
 
 
 def write(folder, messages=1000, hostile=False):
@@ -233,9 +217,6 @@ def write(folder, messages=1000, hostile=False):
              "email": make_mails(rng)}
     if hostile:
         add_hostile(kinds)
-    paths = []
     for kind, records in kinds.items():
-        path = pathlib.Path(folder) / (kind + ".json")
-        path.write_text(json.dumps({"orvale": 1, "kind": kind, "records": records}), encoding="ascii")
-        paths.append(str(path))
-    return paths
+        pathlib.Path(folder, kind + ".json").write_text(json.dumps({"orvale": 1, "kind": kind, "records": records}))
+    return [str(pathlib.Path(folder, kind + ".json")) for kind in kinds]
