@@ -1,5 +1,6 @@
 #include "platform/Registry.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <optional>
 #include <system_error>
@@ -12,6 +13,20 @@
 
 using namespace orvale;
 using namespace orvale::fuzz;
+
+namespace {
+
+std::size_t LongestLine(std::string_view text) {
+    std::size_t longest = 0;
+    while (!text.empty()) {
+        const std::size_t length = std::min(text.find('\n'), text.size() - 1) + 1;
+        longest = std::max(longest, length);
+        text.remove_prefix(length);
+    }
+    return longest;
+}
+
+}  // namespace
 
 // A number that is written is read; the values beside it, and all else in the file, stay as they were. A file of
 // another encoding is left alone.
@@ -38,7 +53,7 @@ ORVALE_FUZZ_TARGET("registry") {
     Must(ReadRegistryNumber(kKey, kName) == wanted, "a number that was written is read");
     Must(ReadRegistryNumber(kKey, kOther) == other, "the value beside it stays");
     const std::string once = file.Get();
-    Must(once.size() + 100 >= input.size() || before, "a file loses nothing");
+    Must(once.size() + LongestLine(input) >= input.size(), "a file loses no more than the value's line");
     WriteRegistryNumber(kKey, kName, wanted);
     Must(file.Get() == once, "the same number once more changes nothing");
 }

@@ -11,6 +11,7 @@
 #include <system_error>
 
 #include "platform/Folder.h"
+#include "platform/StandardStreams.h"
 #include "platform/Unfinished.h"
 
 namespace orvale {
@@ -93,7 +94,7 @@ AtomicFile::AtomicFile(const std::string& path) {
             Throw(number, "mode");
         }
     } else if (S_ISCHR(status.st_mode) || S_ISBLK(status.st_mode)) {
-        descriptor_ = open(target_.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
+        descriptor_ = BesideStandardStreams(open(target_.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
         Check(descriptor_ >= 0, "open");
         fcntl(descriptor_, F_SETFL, 0);
     } else {
@@ -109,7 +110,7 @@ void AtomicFile::CreateBeside() {
     RemoveLeftovers(target_);
     for (int i = 0; i < kMostNames; ++i) {
         std::string name = UnfinishedName(target_);
-        descriptor_ = open(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        descriptor_ = BesideStandardStreams(open(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
         if (descriptor_ >= 0) {
             temporary_ = std::move(name);
             return;

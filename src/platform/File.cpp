@@ -11,6 +11,7 @@
 #include <cstring>
 #include <stdexcept>
 
+#include "platform/StandardStreams.h"
 #include "platform/Text.h"
 
 namespace {
@@ -89,7 +90,8 @@ std::int32_t CFile::Open(const char16_t* path, std::uint32_t flags, std::error_c
         if (path == nullptr || (flags & 3) == 3 || !orvale::IsWellFormed(path)) return fail(EINVAL);
         path_ = path;
         const std::string name = orvale::ToUtf8(path);
-        descriptor_ = Retry([&] { return open(name.c_str(), SystemFlags(flags), 0666); });
+        descriptor_ =
+            orvale::BesideStandardStreams(Retry([&] { return open(name.c_str(), SystemFlags(flags), 0666); }));
         if (descriptor_ == kNullHandle) return fail(errno);
         struct stat status {};
         if (fstat(descriptor_, &status) != 0) return fail(errno);

@@ -15,4 +15,13 @@ void HoldClosedStreams() noexcept {
             open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
 }
 
+int BesideStandardStreams(int descriptor) noexcept {
+    if (descriptor < 0 || descriptor > STDERR_FILENO) return descriptor;
+    const int moved = fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    const int number = errno;
+    close(descriptor);
+    errno = number;
+    return moved;
+}
+
 }  // namespace orvale

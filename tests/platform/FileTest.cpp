@@ -3,10 +3,12 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <optional>
 #include <random>
 
+#include "platform/AtomicFile.h"
 #include "support/ScratchFolder.h"
 #include "support/SystemCalls.h"
 
@@ -73,6 +75,17 @@ TEST_F(File, OpensNothingButFilesAndDevicesAndNeverWaits) {
     EXPECT_EQ(file_.Open(u"/dev/null", kBoth | kCreate | kExclusive, nullptr), 1);
     EXPECT_EQ(file_.Open(folder_.Name("\xE4\xBD\xA0").c_str(), kWrite | kCreate, nullptr), 1);
     EXPECT_EQ(folder_.Get("\xE4\xBD\xA0"), "");
+}
+
+// A host may have closed a standard stream; what is written there is for no file.
+TEST_F(File, TakesNoStandardStreamsPlace) {
+    const int input = dup(STDIN_FILENO);
+    close(STDIN_FILENO);
+    EXPECT_EQ(file_.Open(path_.c_str(), kCreate | kBoth, nullptr), 1);
+    const orvale::AtomicFile saved((folder_ / "saved").string());
+    EXPECT_EQ(fcntl(STDIN_FILENO, F_GETFD), -1);
+    dup2(input, STDIN_FILENO);
+    close(input);
 }
 
 TEST_F(File, AFileThatAnotherHoldsIsLeftAlone) {
