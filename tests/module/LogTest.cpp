@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
+#include <algorithm>
 #include <optional>
+#include <ostream>
 
 #include "frame/RecordLog.h"
 #include "module/LoadedModule.h"
@@ -10,6 +12,7 @@
 #include "platform/Text.h"
 #include "support/Cases.h"
 #include "support/FileDriver.h"
+#include "support/FullDevice.h"
 #include "support/LogLines.h"
 
 using namespace orvale::test;
@@ -51,10 +54,17 @@ const Format kFormats[] = {
     {"eml", 11, Email::kHeader + Email::kBytes + Email::kBytes.substr(0, 30)},
 };
 
+std::ostream& operator<<(std::ostream& out, const Format& format) {
+    return out << format.name;
+}
+
 class FormatLog : public testing::TestWithParam<Format> {};
 
-INSTANTIATE_TEST_SUITE_P(Formats, FormatLog, testing::ValuesIn(kFormats),
-                         [](const auto& format) { return std::to_string(format.param.type); });
+INSTANTIATE_TEST_SUITE_P(Formats, FormatLog, testing::ValuesIn(kFormats), [](const auto& format) {
+    std::string name = format.param.name;
+    std::replace(name.begin(), name.end(), '-', '_');
+    return name;
+});
 
 }  // namespace
 
@@ -103,7 +113,8 @@ TEST_P(FormatLog, EachOperationHasItsLines) {
     folder.Put("own", format.file);
     folder.Put("source", format.file);
     folder.Put("other", "<?xml version='1.0'?><other id='suite-other'>as long as any header</other>\n");
-    std::filesystem::create_symlink("/dev/full", folder / "full");
+    const FullDevice full;
+    std::filesystem::create_symlink(FullDevice::kPath, folder / "full");
     const CCSVProfile columns{{1}, {u"Given"}};
     CFileInterface* source = nullptr;
     const void* profile = nullptr;

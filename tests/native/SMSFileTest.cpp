@@ -1,5 +1,6 @@
 #include "native/NativeSamples.h"
 #include "platform/Text.h"
+#include "support/FullDevice.h"
 
 using namespace orvale::test;
 
@@ -26,6 +27,7 @@ TEST_F(SMSFile, StringsByThemselvesNeverThrow) {
     EXPECT_EQ(closed.ReadString(nullptr) + closed.ReadString(&text), 0);
     EXPECT_EQ(text, u"");
     EXPECT_NO_THROW(closed.WriteString(&text));
+    const orvale::test::FullDevice turn;
     Driver full(u"/dev/full", CFile::kModeWrite);
     EXPECT_NO_THROW(full->WriteString(&text));
     EXPECT_NO_THROW(full->WriteString(nullptr));

@@ -7,6 +7,7 @@
 #include "platform/Text.h"
 #include "support/Cases.h"
 #include "support/FileDriver.h"
+#include "support/FullDevice.h"
 #include "support/Zone.h"
 
 using namespace orvale::test;
@@ -119,6 +120,7 @@ TEST_F(VCalendarFile, WritesExactlyTheseBytes) {
 }
 
 TEST_F(VCalendarFile, ADeviceHasNoLength) {
+    const orvale::test::FullDevice turn;
     VCalendarDriver full(u"/dev/full", CFile::kModeReadWrite);
     EXPECT_EQ(full.Next(), nullptr);
 }
