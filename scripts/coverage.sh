@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Counts the lines and branches of the sources that the whole test suite reaches, the fault tests, the hostile files and
 # the inputs of the fuzz targets among it, and tells what of each file was not reached. Installs what is missing. Takes
-# some ten minutes of processor time.
+# some thirteen minutes of processor time.
 #
 #     scripts/coverage.sh [--report]
 #
