@@ -51,19 +51,28 @@ std::string_view WithoutMark(std::string_view text) {
     return text.starts_with(kMark) ? text.substr(kMark.size()) : text;
 }
 
-// A line of a suite or of a JSON document may well be one that opens a block.
+// Whether a head is in UTF-16, by its mark or its first "<", the low byte first or the high one.
+bool IsLittleEndian(std::string_view head) {
+    using namespace std::string_view_literals;
+    return head.starts_with("\xFF\xFE") || head.starts_with("<\0"sv);
+}
+bool IsBigEndian(std::string_view head) {
+    using namespace std::string_view_literals;
+    return head.starts_with("\xFE\xFF") || head.starts_with("\0<"sv);
+}
+
+// A line of a suite or of a JSON document may well be one that opens a block; blocks are 8-bit text.
 template <const char* kBlock>
 Likeness HasBlock(std::string_view head, std::uint64_t) {
     const std::string_view text = TrimFront(WithoutMark(head));
-    return Sure(!text.starts_with('<') && !text.starts_with('{') && OpensWith(head, kBlock));
+    const bool is8Bit = !IsLittleEndian(head) && !IsBigEndian(head);
+    return Sure(is8Bit && !text.starts_with('<') && !text.starts_with('{') && OpensWith(head, kBlock));
 }
 
-// The ASCII of a head in UTF-16, by its mark or its first "<"; any other head as it is. A blank stands for what isn't
-// ASCII.
+// The ASCII of a head in UTF-16; any other head as it is. A blank stands for what isn't ASCII.
 std::string NarrowHead(std::string_view head) {
-    using namespace std::string_view_literals;
-    const bool little = head.starts_with("\xFF\xFE") || head.starts_with("<\0"sv);
-    if (!little && !head.starts_with("\xFE\xFF") && !head.starts_with("\0<"sv)) return std::string(head);
+    const bool little = IsLittleEndian(head);
+    if (!little && !IsBigEndian(head)) return std::string(head);
     std::string narrow;
     for (std::size_t i = 0; i + 1 < head.size(); i += 2) {
         const char high = head[little ? i + 1 : i];
