@@ -16,7 +16,7 @@ using namespace orvale::fuzz;
 
 namespace {
 
-std::size_t LongestLine(std::string_view text) {
+std::size_t LongestLineToFeed(std::string_view text) {
     std::size_t longest = 0;
     while (!text.empty()) {
         const std::size_t length = std::min(text.find('\n'), text.size() - 1) + 1;
@@ -53,7 +53,7 @@ ORVALE_FUZZ_TARGET("registry") {
     Must(ReadRegistryNumber(kKey, kName) == wanted, "a number that was written is read");
     Must(ReadRegistryNumber(kKey, kOther) == other, "the value beside it stays");
     const std::string once = file.Get();
-    Must(once.size() + LongestLine(input) >= input.size(), "a file loses no more than the value's line");
+    Must(once.size() + LongestLineToFeed(input) >= input.size(), "a file loses no more than the value's line");
     WriteRegistryNumber(kKey, kName, wanted);
     Must(file.Get() == once, "the same number once more changes nothing");
 }

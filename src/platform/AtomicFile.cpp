@@ -45,7 +45,8 @@ std::string FollowLinks(std::string path) {
 // syncing is taken as synced.
 void SyncFile(const std::string& path) {
     int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY);
-    if (descriptor < 0 && errno == EACCES) descriptor = open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
+    if (descriptor < 0 && errno == EACCES)
+        descriptor = BesideStandardStreams(open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY));
     Check(descriptor >= 0, "sync");
     const int result = fsync(descriptor);
     const int number = errno;
@@ -110,10 +111,14 @@ void AtomicFile::CreateBeside() {
     RemoveLeftovers(target_);
     for (int i = 0; i < kMostNames; ++i) {
         std::string name = UnfinishedName(target_);
-        descriptor_ = BesideStandardStreams(open(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+        descriptor_ = open(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
         if (descriptor_ >= 0) {
             temporary_ = std::move(name);
-            return;
+            descriptor_ = BesideStandardStreams(descriptor_);
+            if (descriptor_ >= 0) return;
+            const int number = errno;
+            Close();
+            Throw(number, "create");
         }
         if (errno != EEXIST) break;
     }

@@ -210,10 +210,13 @@ The content tells the format before the extension does.
   $ >empty.vcf
   $ printf '\xEF\xBB\xBF%s\n' "<SMS id='suite-SMS'><profile/><smsentries><sms><content>" BEGIN:VCARD \
   >   '</content></sms></smsentries></SMS>' >marked.xml
-  $ orvale info card.qzs empty.vcf marked.xml
+  $ { printf '\xFF\xFE'; printf %s "<SMS id='suite-SMS'>" | iconv -t UTF-16LE; lines '' BEGIN:VCALENDAR; } >wide.xml
+  $ orvale info card.qzs empty.vcf marked.xml wide.xml
   card.qzs: vcard (contacts), version 210, VERIFY_OK (0), 1 record
   empty.vcf: vcard (contacts), version 210, VERIFY_OK (0), 0 records
   marked.xml: sms-xml (sms), version 100, VERIFY_OK (0), 1 record
+  orvale: wide.xml: no well-formed XML document, or one beyond the limits
+  [1]
 
 The log is that of the module in use; the registry's other values stay.
 

@@ -107,10 +107,6 @@ A native file may hold half a character, which no UTF-8 tells.
   orvale: c.json: lost: halves of characters that JSON can't tell: 1, first in c.json
   orvale: c.json: not written, for --strict takes no loss
   [3]
-  $ orvale convert --force --strict half.eml c.mbox
-  orvale: c.mbox: lost: halves of characters that a message can't tell: 1, first in c.mbox
-  orvale: c.mbox: not written, for --strict takes no loss
-  [3]
 
 Of a damaged file comes what came whole; the place where the damage begins is told, and nothing is written unless it
 was asked for.

@@ -1,4 +1,5 @@
-Other programs take what is written, and what they write is read. Skipped where they aren't installed.
+Other programs take what is written, and what they write is read. Skipped where they aren't
+installed: they are packages of the system's own Python.
 
   $ . "$TESTDIR/setup.sh"
   $ /usr/bin/python3 -c 'import icalendar, vobject' 2>/dev/null || exit 80

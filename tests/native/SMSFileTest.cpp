@@ -27,8 +27,8 @@ TEST_F(SMSFile, StringsByThemselvesNeverThrow) {
     EXPECT_EQ(closed.ReadString(nullptr) + closed.ReadString(&text), 0);
     EXPECT_EQ(text, u"");
     EXPECT_NO_THROW(closed.WriteString(&text));
-    const orvale::test::FullDevice turn;
-    Driver full(u"/dev/full", CFile::kModeWrite);
+    const orvale::test::FullDevice device;
+    Driver full(device.kPath, CFile::kModeWrite);
     EXPECT_NO_THROW(full->WriteString(&text));
     EXPECT_NO_THROW(full->WriteString(nullptr));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <fcntl.h>
+#include <gtest/gtest.h>
 #include <sys/file.h>
 #include <unistd.h>
 
@@ -9,15 +10,15 @@ namespace orvale::test {
 /// The device that takes nothing, for one test at a time: the formats' files are each opened for themselves alone.
 class FullDevice {
  public:
-    FullDevice() { flock(turn_, LOCK_EX); }
+    FullDevice() { EXPECT_EQ(flock(turn_, LOCK_EX), 0); }
     ~FullDevice() { close(turn_); }
     FullDevice(const FullDevice&) = delete;
     FullDevice& operator=(const FullDevice&) = delete;
 
-    static constexpr const char* kPath = "/dev/full";
+    static constexpr const char16_t* kPath = u"/dev/full";
 
  private:
-    const int turn_ = open("/proc/self/exe", O_RDONLY | O_CLOEXEC);  // what all tests have
+    const int turn_ = open("/dev/urandom", O_RDONLY | O_CLOEXEC);  // what the tests of all builds have
 };
 
 }  // namespace orvale::test

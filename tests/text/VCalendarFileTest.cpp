@@ -120,7 +120,7 @@ TEST_F(VCalendarFile, WritesExactlyTheseBytes) {
 }
 
 TEST_F(VCalendarFile, ADeviceHasNoLength) {
-    const orvale::test::FullDevice turn;
-    VCalendarDriver full(u"/dev/full", CFile::kModeReadWrite);
+    const orvale::test::FullDevice device;
+    VCalendarDriver full(device.kPath, CFile::kModeReadWrite);
     EXPECT_EQ(full.Next(), nullptr);
 }

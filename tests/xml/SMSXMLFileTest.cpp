@@ -1,4 +1,5 @@
 #include "platform/Clock.h"
+#include "support/LogLines.h"
 #include "xml/SuiteSupport.h"
 
 using namespace orvale::test;

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <initializer_list>
 #include <memory>
 #include <sstream>
@@ -13,7 +12,6 @@
 #include "command/json/JsonDocument.h"
 #include "support/Cases.h"
 #include "support/FileDriver.h"
-#include "support/LogLines.h"
 #include "support/ScratchFolder.h"
 #include "xml/CDXMLFile.h"
 #include "xml/MLXMLFile.h"

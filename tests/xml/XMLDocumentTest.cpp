@@ -5,7 +5,6 @@
 #include <libxml/parser.h>
 
 #include <filesystem>
-#include <functional>
 
 #include "platform/Text.h"
 #include "support/Bytes.h"

@@ -79,6 +79,7 @@ void ResolveFolder(const std::string& name, const std::string& formatName, std::
         (isOne(path) ? files : others).push_back(path.string());
     }
     if (files.empty()) FailFile(name, "", "is a folder without a file of the format " + std::string(format.name));
+    std::sort(others.begin(), others.end(), NameComesBefore);
     for (const std::string& other : others)
         TellUser(ErrorLine(other, "", "passed over, for it is no file of the format " + std::string(format.name)));
     std::sort(files.begin(), files.end(), NameComesBefore);
